@@ -1,0 +1,53 @@
+#include "photolib/db/photos_db.h"
+#include "photolib/db/statement.h"
+#include "photolib/host/log.h"
+#include "photolib/logging.h"
+
+using namespace photolib;
+
+// The groups of all faces with a crop, each once, in order of appearance; "0" stands for no group. Silent when the
+// statement cannot be prepared: older releases have no such column.
+QStringList Photos_DB::croppedFaceGroups(sqlite3 *db) const
+{
+    Statement statement(db, SqlText("select ZFACEGROUP from ZDETECTEDFACE where zfacecrop is not null").get());
+    if (!statement.isPrepared())
+        return {};
+    QStringList groups;
+    QSet<qint64> seen;
+    for (const Row row : statement.rows(stop)) {
+        const qint64 group = row.int64(0);
+        if (seen.contains(group))
+            continue;
+        seen.insert(group);
+        groups.append(QString::number(group, 10));
+    }
+    return groups;
+}
+
+void Photos_DB::parseDetectedFaces(sqlite3 *db)
+{
+    if (!db || !allTableNames(db).contains(QLatin1String("ZDETECTEDFACE"), Qt::CaseSensitive))
+        return;
+    const QStringList groups = croppedFaceGroups(db);
+    if (groups.isEmpty())
+        return;
+    const QString sql = QStringLiteral("select ZASSET, ZFACEGROUP, ZFACEGROUPBEINGKEYFACE from ZDETECTEDFACE where "
+                                       "ZFACEGROUP in (%1)")
+                            .arg(groups.join(QLatin1Char(',')), 0);
+    Statement statement(db, sql.toUtf8().constData());
+    if (!statement.isPrepared()) {
+        Log(logTag, logError, "Can not parse camera photos: %s", sqlite3_errmsg(db));
+        return;
+    }
+    for (const Row row : statement.rows(stop)) {
+        const qint64 asset = row.int64(0);
+        if (asset == 0)
+            continue;
+        const qint64 group = row.int64(1);
+        const qint64 keyFaceOfGroup = row.int64(2);
+        const QString key = QString::number(group, 10);
+        faceGroupAssets.insert(key, asset);
+        if (keyFaceOfGroup == group)
+            faceGroupKeyFaces.insert(key, keyFaceOfGroup);
+    }
+}

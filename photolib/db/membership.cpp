@@ -1,0 +1,114 @@
+#include "photolib/db/photos_db.h"
+#include "photolib/db/schema.h"
+#include "photolib/db/statement.h"
+#include "photolib/host/log.h"
+#include "photolib/logging.h"
+
+#include <QHash>
+#include <QRegExp>
+#include <QVector>
+
+using namespace photolib;
+
+namespace
+{
+
+enum class KeyColumn { Neither, Album, Asset };
+
+QVector<KeyColumn> keyColumnsOf(const Row &row)
+{
+    const QRegExp albumKey(QLatin1String("Z_\\d+ALBUMS"), Qt::CaseSensitive, QRegExp::RegExp);
+    const QRegExp assetKey(QLatin1String("Z_\\d+ASSETS"), Qt::CaseSensitive, QRegExp::RegExp);
+    QVector<KeyColumn> columns;
+    for (int column = 0; column < row.columnCount(); ++column) {
+        const QString name = QString::fromUtf8(row.columnName(column));
+        if (albumKey.exactMatch(name))
+            columns.append(KeyColumn::Album);
+        else if (assetKey.exactMatch(name))
+            columns.append(KeyColumn::Asset);
+        else
+            columns.append(KeyColumn::Neither);
+    }
+    return columns;
+}
+
+// Adds assets to albums in the order of their first appearance, each once.
+class MemberLists
+{
+public:
+    explicit MemberLists(const QMap<quint64, albumRecord *> &albums) : albums(albums) {}
+
+    bool knows(qint64 album) const { return albums.contains(static_cast<quint64>(album)); }
+
+    void add(qint64 album, qint64 asset)
+    {
+        QSet<qint64> &members = seen[album];
+        if (members.contains(asset))
+            return;
+        members.insert(asset);
+        albums.value(static_cast<quint64>(album))->memberIds.append(asset);
+    }
+
+private:
+    const QMap<quint64, albumRecord *> &albums;
+    QHash<qint64, QSet<qint64>> seen;
+};
+
+// A row may carry several columns of either kind: columns are taken from the left until they name a known album and
+// an asset.
+void addMember(const Row &row, const QVector<KeyColumn> &columns, MemberLists *lists)
+{
+    qint64 album = 0;
+    qint64 asset = 0;
+    for (int column = 0; column < columns.size(); ++column) {
+        if (columns[column] == KeyColumn::Neither)
+            continue;
+        (columns[column] == KeyColumn::Album ? album : asset) = row.int64(column);
+        if (album != 0 && asset != 0 && lists->knows(album)) {
+            lists->add(album, asset);
+            return;
+        }
+    }
+}
+
+} // namespace
+
+// Every direct child of GenericAlbum may own a join table; most do not.
+QStringList Photos_DB::membershipTables(sqlite3 *db) const
+{
+    const QStringList tables = allTableNames(db);
+    const int albumEntity = entities.value(genericAlbumEntity).entityNumber;
+    QStringList candidates;
+    for (const entityInfo &entity : entities) {
+        if (entity.superEntity != albumEntity)
+            continue;
+        const QString name = QStringLiteral("Z_%1ASSETS").arg(entity.entityNumber, 0, 10);
+        // Without table names (their query failed) every candidate is worth a try.
+        if (tables.isEmpty() || tables.contains(name, Qt::CaseSensitive))
+            candidates.append(name);
+    }
+    return candidates;
+}
+
+bool Photos_DB::parseMembershipTables(sqlite3 *db)
+{
+    if (!db)
+        return false;
+    MemberLists lists(albums);
+    for (const QString &table : membershipTables(db)) {
+        const QByteArray name = table.toLatin1();
+        Log(logTag, logProgress, "Got asset table name: %s", name.constData());
+        Statement statement(db, SqlText("select * from %s", name.constData()).get());
+        if (!statement.isPrepared()) {
+            Log(logTag, logError, "Can not parse camera photos: %s", sqlite3_errmsg(db));
+            continue;
+        }
+        QVector<KeyColumn> columns;
+        for (const Row row : statement.rows(stop)) {
+            if (columns.isEmpty())
+                columns = keyColumnsOf(row);
+            addMember(row, columns, &lists);
+        }
+    }
+    return true;
+}

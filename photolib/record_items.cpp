@@ -1,0 +1,124 @@
+#include "photolib/record_items.h"
+
+#include "photolib/db/records.h"
+
+#include <cmath>
+#include <limits>
+
+namespace photolib
+{
+
+namespace
+{
+
+enum MediaType { Video = 1, AnimatedGif = 2, StillPhoto = 3 };
+
+qint32 albumTypeOf(int kind)
+{
+    switch (kind) {
+    case 2:
+        return 1;
+    case 1550:
+        return 2;
+    default:
+        return 0;
+    }
+}
+
+// Only what is not a still image is looked at for "GIF".
+qint32 mediaTypeOf(const assetRecord &asset)
+{
+    if (asset.kind == 0)
+        return StillPhoto;
+    return asset.uniformTypeIdentifier.indexOf(QLatin1String("GIF"), 0, Qt::CaseInsensitive) != -1 ? AnimatedGif
+                                                                                                   : Video;
+}
+
+// Truncates toward zero; what does not fit becomes the nearest value that does, and no number becomes 0.
+qint32 wholeSeconds(double seconds)
+{
+    using Limits = std::numeric_limits<qint32>;
+    if (std::isnan(seconds))
+        return 0;
+    if (seconds >= static_cast<double>(Limits::max()))
+        return Limits::max();
+    if (seconds <= static_cast<double>(Limits::min()))
+        return Limits::min();
+    return static_cast<qint32>(seconds);
+}
+
+// Null for an instant that Qt, which counts milliseconds, cannot count to: it would wrap around to a date that looks
+// right.
+QDateTime dateOf(qint64 seconds, const QDateTime &referenceDate)
+{
+    constexpr qint64 limit = std::numeric_limits<qint64>::max() / 1000;
+    return seconds < -limit || seconds > limit ? QDateTime() : referenceDate.addSecs(seconds);
+}
+
+// The folder only, without the file's name.
+QString metadataPathOf(const photoItem &video)
+{
+    return QStringLiteral("PhotoData/Metadata/%1")
+        .arg(video.directory, 0, QLatin1Char(' '))
+        .replace(QLatin1String("MOV"), QLatin1String("JPG"), Qt::CaseSensitive);
+}
+
+} // namespace
+
+void fillAlbumItem(const albumRecord &album, albumItem *out)
+{
+    out->uuid = album.uuid;
+    out->entity = album.entity;
+    out->kind = album.kind;
+    out->id = static_cast<qint64>(album.pk);
+    out->trashedState = album.trashedState;
+    out->title = album.title;
+    out->albumType = albumTypeOf(album.kind);
+    out->photoIds = album.memberIds;
+}
+
+void fillPhotoItem(const assetRecord &asset, const QDateTime &referenceDate, photoItem *out)
+{
+    out->uuid = asset.uuid;
+    out->id = asset.pk;
+    out->entity = asset.entity;
+    out->fileName = asset.fileName;
+    out->directory = asset.directory;
+    out->mediaType = mediaTypeOf(asset);
+    out->orientation = asset.orientation;
+    out->height = asset.height;
+    out->width = asset.width;
+    out->duration = wholeSeconds(asset.duration);
+    out->fileSize = asset.originalFileSize;
+    out->dateCreated = dateOf(asset.dateCreated, referenceDate);
+    out->modificationDate = dateOf(asset.modificationDate, referenceDate);
+    out->trashedDate = dateOf(asset.trashedDate, referenceDate);
+    out->trashedState = asset.trashedState;
+    out->avalancheUuid = asset.avalancheUuid;
+    out->avalanchePickType = asset.avalanchePickType;
+    out->sortToken = asset.sortToken;
+    out->faceAreaPoints = asset.faceAreaPoints;
+    out->visibilityState = asset.visibilityState;
+    out->favorite = asset.favorite;
+    out->kindSubtype = asset.kindSubtype;
+    out->metadataPath = out->mediaType == Video ? metadataPathOf(*out) : QString(QLatin1String(""));
+    out->latitude = asset.latitude;
+    out->longitude = asset.longitude;
+    out->duplicateAssetVisibilityState = asset.duplicateAssetVisibilityState;
+    out->duplicateMetadataMatchingAlbum = asset.duplicateMetadataMatchingAlbum;
+    out->duplicatePerceptualMatchingAlbum = asset.duplicatePerceptualMatchingAlbum;
+    out->packedBadgeAttributes = asset.packedBadgeAttributes;
+    out->depthType = asset.depthType;
+    out->moment = asset.moment;
+    out->thumbnailIndex = asset.thumbnailIndex;
+    out->uniformTypeIdentifier = asset.uniformTypeIdentifier;
+    out->localResourcesState = asset.localResourcesState;
+    out->customRenderedValue = asset.customRenderedValue;
+    out->cameraCaptureDevice = asset.cameraCaptureDevice;
+    out->hasAdjustments = asset.hasAdjustments;
+    out->hidden = asset.hidden;
+    out->cloudLocalState = asset.cloudLocalState;
+    out->importSession = asset.importSession;
+}
+
+} // namespace photolib
