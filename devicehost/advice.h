@@ -1,0 +1,20 @@
+#ifndef DEVICEHOST_ADVICE_H
+#define DEVICEHOST_ADVICE_H
+
+#include <QString>
+
+namespace devicehost
+{
+
+/// What people can do about an errno value that a device gave, as a clause to follow a semicolon.
+QString deviceAdvice(int code);
+
+/// The same for the folder of this computer that receives the database copy.
+QString localAdvice(int code);
+
+/// What helps when the device is there, but what it delivers is no use.
+QString copyAgain();
+
+} // namespace devicehost
+
+#endif

@@ -1,0 +1,97 @@
+#include "devicehost/device_host.h"
+
+#include "devicehost/advice.h"
+#include "devicehost/host_state.h"
+#include "devicehost/private_folder.h"
+#include "devicehost/vdev/schemes.h"
+
+#include <utility>
+#include <vector>
+
+namespace devicehost
+{
+
+namespace
+{
+
+/// Nothing can be created below a device node, whoever asks. An empty answer would send the copy to the shared
+/// folder of temporary files instead.
+const char impossibleFolder[] = "/dev/null/photolib/";
+
+} // namespace
+
+struct DeviceHost::LocalFolders {
+    std::mutex mutex;
+    std::vector<PrivateFolder> folders;
+};
+
+DeviceHost::DeviceHost(const QString &devicePath)
+    : state(std::make_shared<HostState>(devicePath)), localFolders(std::make_unique<LocalFolders>())
+{
+    hosts::add(state);
+}
+
+DeviceHost::~DeviceHost()
+{
+    hosts::remove(state.get());
+}
+
+bool DeviceHost::shouldStop()
+{
+    return state->stopRequested();
+}
+
+QString DeviceHost::devicePath()
+{
+    return state->devicePath();
+}
+
+bool DeviceHost::isAvailable()
+{
+    VDev *const device = vDevOpen(VDevDevice, state->devicePath().toUtf8().constData());
+    vDevClose(device);
+    return device != nullptr;
+}
+
+QString DeviceHost::localDataFolder()
+{
+    PrivateFolder folder;
+    if (folder.path().isEmpty()) {
+        state->recordFailure(
+            QStringLiteral("no private folder for the database copy can be made in %1: %2; %3")
+                .arg(QString::fromUtf8(folder.place()), errnoText(folder.error()), localAdvice(folder.error())));
+        return QString::fromLatin1(impossibleFolder);
+    }
+    const QByteArray path = folder.path();
+    hosts::addLocalFolder(state, path);
+    const std::lock_guard<std::mutex> lock(localFolders->mutex);
+    localFolders->folders.push_back(std::move(folder));
+    return QString::fromUtf8(path);
+}
+
+void DeviceHost::requestStop() noexcept
+{
+    state->requestStop();
+}
+
+void DeviceHost::setProgress(std::function<void(const Progress &)> callback)
+{
+    state->setProgress(std::move(callback));
+}
+
+QString DeviceHost::failure() const
+{
+    return state->failure();
+}
+
+QString DeviceHost::databaseDamage() const
+{
+    return state->databaseDamage();
+}
+
+bool DeviceHost::databaseIsEmpty() const
+{
+    return state->databaseIsEmpty();
+}
+
+} // namespace devicehost

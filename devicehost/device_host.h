@@ -1,0 +1,88 @@
+#ifndef DEVICEHOST_DEVICE_HOST_H
+#define DEVICEHOST_DEVICE_HOST_H
+
+#include "photolib/host/iipod.h"
+
+#include <QString>
+
+#include <functional>
+#include <memory>
+
+namespace devicehost
+{
+
+class HostState;
+
+/// How far the reading of one file of the device has come.
+struct Progress {
+    QString path;          ///< the file on the device, such as /PhotoData/Photos.sqlite
+    qint64 bytesRead = 0;  ///< bytes read from it so far
+    qint64 totalBytes = 0; ///< its size, or -1 when not known
+};
+
+/// The reference implementation of the host's device object.
+///
+/// Threads: requestStop() may be called from any thread and from a signal handler; everything else on any thread,
+/// but setProgress() only while no operation of the library runs.
+class DeviceHost final : public IIPod
+{
+public:
+    /// `devicePath` is a name with a scheme, such as "folder:/media/phone", as resolveDevice() gives it. Nothing is
+    /// opened yet.
+    explicit DeviceHost(const QString &devicePath);
+
+    /// Removes the local folders that localDataFolder() made, with the database copies in them.
+    ~DeviceHost();
+
+    DeviceHost(const DeviceHost &) = delete;
+    DeviceHost &operator=(const DeviceHost &) = delete;
+
+    bool shouldStop() override;    ///< whether requestStop() was called
+    QString devicePath() override; ///< the name given to the constructor
+    bool isAvailable() override;   ///< whether the device can be opened now
+
+    /// A fresh private folder (mode 0700) for each call, with a trailing "/". When none can be made, a path on
+    /// which every creation fails, and failure() says why: never a folder that others can write to.
+    /// It lies in TMPDIR, else in /tmp. A process that is killed leaves its folders there; the next host of the same
+    /// user that makes one removes those whose process is gone.
+    QString localDataFolder() override;
+
+    /// Ends the running opening or reading: reads of this device's files answer an error, SQLite statements on its
+    /// database copy are interrupted, shouldStop() answers true. Async-signal-safe. Install the handler without
+    /// SA_RESTART: a read that waits for a slow mount then ends, too.
+    void requestStop() noexcept;
+
+    /// Called on the reading thread while a file of the device is read, at most some times a second, and once when the
+    /// file's last byte was read. Files read on several threads report on these threads, possibly at the same time.
+    void setProgress(std::function<void(const Progress &)> callback);
+
+    /// Why the opening failed: the first failure of a host operation that makes the library unreadable since this
+    /// object was made, as one line without a final full stop that names the file and says what to do next; empty when
+    /// there was none.
+    /// Missing -wal, -shm and other optional files are no failures.
+    QString failure() const;
+
+    /// What SQLite met while it read this device's database copy, such as "database disk image is malformed"; empty
+    /// when all went well. Statements that cannot be prepared are not counted.
+    QString databaseDamage() const;
+
+    /// Whether the database that was opened last is a file of 0 bytes. SQLite reads one as a database without tables,
+    /// so the opening succeeds and finds no photos; a copy of a device that was broken off looks like that, too. False
+    /// before an opening and after a failed one.
+    bool databaseIsEmpty() const;
+
+private:
+    struct LocalFolders;
+
+    std::shared_ptr<HostState> state;
+    std::unique_ptr<LocalFolders> localFolders;
+};
+
+/// Lets databaseDamage() hear of errors inside the statements that the library steps itself; without it only errors at
+/// opening and preparing are known. It takes SQLite's process-wide error log, so it is the application's to decide.
+/// Call it before anything uses SQLite, and before other threads run: main() is the place. False when too late.
+bool watchDatabaseErrors();
+
+} // namespace devicehost
+
+#endif

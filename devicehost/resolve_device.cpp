@@ -1,0 +1,238 @@
+#include "devicehost/resolve_device.h"
+
+#include "devicehost/local_path.h"
+#include "devicehost/vdev/schemes.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QRegularExpression>
+#include <QStringList>
+
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <filesystem>
+#include <string>
+#include <system_error>
+
+namespace devicehost
+{
+
+namespace
+{
+
+const QString databaseName = QStringLiteral("/PhotoData/Photos.sqlite");
+
+ResolvedDevice malformed(const QString &message)
+{
+    return {DeviceStatus::Malformed, {}, message};
+}
+
+ResolvedDevice unreachable(const QString &message)
+{
+    return {DeviceStatus::Unreachable, {}, message};
+}
+
+ResolvedDevice noLibrary(const QString &message)
+{
+    return {DeviceStatus::NoLibrary, {}, message};
+}
+
+/// Absolute and tidy. A ".." is taken by the file system's rules, which differ from the text's where links are.
+QString absolutePath(const QString &path)
+{
+    const QFileInfo info(absoluteLocalPath(path));
+    if (path.split(QLatin1Char('/')).contains(QStringLiteral(".."))) {
+        const QString canonical = info.canonicalFilePath();
+        return canonical.isEmpty() ? info.absoluteFilePath() : canonical;
+    }
+    return QDir::cleanPath(info.absoluteFilePath());
+}
+
+QString parentOf(const QString &path)
+{
+    return QFileInfo(path).absolutePath();
+}
+
+/// A file that may be used, may be missing, or an errno value in between.
+int lookAt(const QString &path, struct stat *info)
+{
+    return ::stat(path.toUtf8().constData(), info) == 0 ? 0 : errno;
+}
+
+bool exists(const QString &path)
+{
+    struct stat info = {};
+    return lookAt(path, &info) == 0;
+}
+
+bool isLink(const QString &path)
+{
+    struct stat info = {};
+    return ::lstat(path.toUtf8().constData(), &info) == 0 && S_ISLNK(info.st_mode);
+}
+
+ResolvedDevice explainFile(const QString &path)
+{
+    if (path.endsWith(databaseName))
+        return noLibrary(QStringLiteral("%1 is the photo database itself, not a folder; give the device's media root, "
+                                        "here %2")
+                             .arg(path, parentOf(parentOf(path))));
+    return unreachable(QStringLiteral("%1 is a file, not a folder; give the device's media root, the folder that holds "
+                                      "DCIM and PhotoData")
+                           .arg(path));
+}
+
+/// What the link `file` in the device's folder `root` does wrong; empty when it leads to where no database is.
+QString faultOfLink(const QString &root, const QString &file)
+{
+    std::error_code error;
+    const std::string target = std::filesystem::canonical(file.toStdString(), error).string();
+    if (error)
+        return QStringLiteral("is a link to nothing");
+    const std::string inside = std::filesystem::canonical(root.toStdString(), error).string() + '/';
+    if (target.compare(0, inside.size(), inside) == 0)
+        return exists(root + databaseName) ? QStringLiteral("is a link that cannot be followed within the folder")
+                                           : QString();
+    return QStringLiteral("is a link that leads out of the folder and is not followed");
+}
+
+/// A link that the device's folder does not hold the target of looks as if it was not there. No message for none.
+ResolvedDevice explainLink(const QString &path)
+{
+    for (const QString &name : {QStringLiteral("/PhotoData"), databaseName}) {
+        const QString file = path + name;
+        const QString fault = isLink(file) ? faultOfLink(path, file) : QString();
+        if (!fault.isEmpty())
+            return noLibrary(QStringLiteral("%1 holds no photo library: %2 %3; a copy of the device must hold the "
+                                            "files themselves")
+                                 .arg(path, file, fault));
+    }
+    return {};
+}
+
+ResolvedDevice explainMissingDatabase(const QString &path)
+{
+    if (exists(path + QStringLiteral("/Photos.sqlite")))
+        return noLibrary(QStringLiteral("%1 is the folder of the photo database itself; give the device's media root, "
+                                        "here %2")
+                             .arg(path, parentOf(path)));
+    if (exists(path + QStringLiteral("/Manifest.db")))
+        return unreachable(
+            QStringLiteral("%1 is a backup; backups are not supported yet by this build; give a mounted device's media "
+                           "root instead")
+                .arg(path));
+    return noLibrary(QStringLiteral("%1 holds no photo library: there is no PhotoData/Photos.sqlite in it; give the "
+                                    "device's media root, the folder that holds DCIM and PhotoData")
+                         .arg(path));
+}
+
+ResolvedDevice explainDatabase(const QString &path, const VError &error)
+{
+    const QString file = path + databaseName;
+    switch (error.code) {
+    case ENOENT:
+    case ENOTDIR: {
+        const ResolvedDevice link = explainLink(path);
+        return link.message.isEmpty() ? explainMissingDatabase(path) : link;
+    }
+    case EISDIR:
+    case EINVAL:
+    case ELOOP:
+    case EXDEV:
+        return noLibrary(QStringLiteral("%1 holds no photo library: %2 cannot be used: %3; a copy of the device must "
+                                        "hold the file itself")
+                             .arg(path, file, error.text));
+    case EACCES:
+    case EPERM: {
+        const QString text = QStringLiteral("%1 cannot be opened: %2; make it readable for you, or mount the device as "
+                                            "your own user")
+                                 .arg(file, error.text);
+        const bool folderIsClosed = ::access(QFile::encodeName(QFileInfo(file).path()).constData(), X_OK) != 0;
+        return folderIsClosed ? unreachable(text) : noLibrary(text);
+    }
+    default:
+        return unreachable(QStringLiteral("%1 cannot be opened: %2; unlock the device, connect it again and mount it "
+                                          "again")
+                               .arg(file, error.text));
+    }
+}
+
+ResolvedDevice explainFolder(const QString &path, int code)
+{
+    const QString reason = errnoText(code);
+    if (code == ENOENT && path.contains(QChar::ReplacementCharacter))
+        return unreachable(
+            QStringLiteral("%1 cannot be found: the name is not UTF-8; mount or link it under another name").arg(path));
+    if (code == ENOENT || code == ENOTDIR)
+        return unreachable(
+            QStringLiteral("there is no folder %1; check the name, and that the device is mounted").arg(path));
+    if (code == EACCES || code == EPERM)
+        return unreachable(QStringLiteral("%1 cannot be entered: %2; make it accessible for you, or mount the device "
+                                          "as your own user")
+                               .arg(path, reason));
+    return unreachable(
+        QStringLiteral("%1 cannot be entered: %2; unlock the device, connect it again and mount it again")
+            .arg(path, reason));
+}
+
+ResolvedDevice resolveFolder(const QString &argument)
+{
+    if (argument.isEmpty())
+        return malformed(QStringLiteral("no device folder is named; give the device's media root, the folder that "
+                                        "holds DCIM and PhotoData"));
+    const QString path = absolutePath(argument);
+    struct stat info = {};
+    const int code = lookAt(path, &info);
+    if (code == 0 && !S_ISDIR(info.st_mode))
+        return explainFile(path);
+    if (code != 0)
+        return explainFolder(path, code);
+    const QString name = QStringLiteral("folder:") + path;
+    VError error;
+    const std::unique_ptr<VDev> device = openDevice(name.toUtf8().constData(), &error);
+    if (device == nullptr)
+        return explainFolder(path, error.code);
+    if (device->openFile(databaseName.toUtf8().constData(), 0, &error) == nullptr)
+        return explainDatabase(path, error);
+    return {DeviceStatus::Found, name, {}};
+}
+
+ResolvedDevice unsupported(const QString &what)
+{
+    return unreachable(
+        QStringLiteral(
+            "%1 are not supported yet by this build; mount the device and give its media root, the folder that "
+            "holds DCIM and PhotoData")
+            .arg(what));
+}
+
+} // namespace
+
+ResolvedDevice resolveDevice(const QString &argument)
+{
+    static const QRegularExpression withScheme(QStringLiteral("^([A-Za-z][A-Za-z0-9+.-]*):(.*)$"),
+                                               QRegularExpression::DotMatchesEverythingOption);
+    if (argument == QStringLiteral("usb"))
+        return unsupported(QStringLiteral("devices on USB"));
+    const QRegularExpressionMatch match = withScheme.match(argument);
+    if (!match.hasMatch())
+        return resolveFolder(argument);
+    const QString scheme = match.captured(1);
+    if (scheme == QStringLiteral("folder"))
+        return resolveFolder(match.captured(2));
+    if (scheme == QStringLiteral("afc"))
+        return unsupported(QStringLiteral("devices on USB (%1)").arg(argument));
+    if (scheme == QStringLiteral("backup"))
+        return unsupported(QStringLiteral("backups (%1)").arg(argument));
+    if (exists(absolutePath(argument)))
+        return resolveFolder(argument);
+    return unreachable(
+        QStringLiteral("%1: there is no kind of device named \"%2\"; give a folder (./%1 for one of that "
+                       "name) or folder:PATH")
+            .arg(argument, scheme));
+}
+
+} // namespace devicehost

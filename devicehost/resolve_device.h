@@ -1,0 +1,33 @@
+#ifndef DEVICEHOST_RESOLVE_DEVICE_H
+#define DEVICEHOST_RESOLVE_DEVICE_H
+
+#include <QString>
+
+namespace devicehost
+{
+
+/// What became of a DEVICE argument.
+enum class DeviceStatus {
+    Malformed,   ///< the argument names nothing: it is empty, or a scheme without a path
+    Found,       ///< devicePath is usable
+    Unreachable, ///< there is no such device, or it cannot be entered
+    NoLibrary,   ///< the device is there, but holds no photo library
+};
+
+struct ResolvedDevice {
+    DeviceStatus status = DeviceStatus::Unreachable;
+    QString devicePath; ///< name with a scheme for DeviceHost, such as "folder:/media/phone"; empty unless Found
+    QString message;    ///< what is wrong and what to do next, one line; empty when Found
+};
+
+/// Finds out what `argument` names: a name with a scheme ("folder:PATH"), or a bare path whose kind is found by looking
+/// (a folder that holds PhotoData/Photos.sqlite). Relative paths become absolute. A path that exists is a path, also
+/// when it has a colon in it, but for the schemes that there are. `argument` was UTF-8; what was not stands in it as
+/// U+FFFD.
+///
+/// Looks at the file system; changes nothing. May run on any thread.
+ResolvedDevice resolveDevice(const QString &argument);
+
+} // namespace devicehost
+
+#endif
