@@ -1,0 +1,119 @@
+#include "apps/cli/library_session.h"
+
+#include "apps/cli/failure.h"
+#include "apps/cli/messages.h"
+#include "apps/cli/progress_bar.h"
+#include "devicehost/advice.h"
+#include "devicehost/resolve_device.h"
+
+namespace photocli
+{
+
+namespace
+{
+
+const QString databaseName = QStringLiteral("/PhotoData/Photos.sqlite");
+const QString checkDevice = QStringLiteral("check that this is the media root of a device, the folder that holds DCIM "
+                                           "and PhotoData");
+
+QString resolved(const std::string &argument)
+{
+    const devicehost::ResolvedDevice device = devicehost::resolveDevice(QString::fromStdString(argument));
+    switch (device.status) {
+    case devicehost::DeviceStatus::Found:
+        break;
+    case devicehost::DeviceStatus::Malformed:
+        throw Failure{ExitUsage, device.message};
+    case devicehost::DeviceStatus::Unreachable:
+        throw Failure{ExitDeviceUnreachable, device.message};
+    case devicehost::DeviceStatus::NoLibrary:
+        throw Failure{ExitLibraryUnreadable, device.message};
+    }
+    return device.devicePath;
+}
+
+} // namespace
+
+LibrarySession::LibrarySession(const DeviceOptions &options)
+    : log(QString::fromStdString(options.logFile), options.verbose),
+      host(std::make_unique<devicehost::DeviceHost>(resolved(options.device))),
+      interrupts(std::make_unique<InterruptScope>(*host))
+{
+    open(options.showProgress());
+    const QString damage = damageReport();
+    if (damage.isEmpty())
+        warnOfShortcoming();
+    else if (manager->getPhotoCount() == 0 && manager->getAlbumCount() == 0)
+        throw Failure{ExitLibraryUnreadable,
+                      QStringLiteral("%1: the photo library cannot be read: %2").arg(deviceName(), damage)};
+    else
+        warn(QStringLiteral("the library was read in part only: ") + damage);
+    readInPart = !damage.isEmpty();
+}
+
+void LibrarySession::open(bool showProgress)
+{
+    manager.reset(getPhotolib(host.get()));
+    if (!manager)
+        fail(ExitDeviceUnreachable, QStringLiteral("the device cannot be reached"));
+    ProgressBar bar;
+    if (showProgress)
+        host->setProgress([&bar](const devicehost::Progress &progress) { bar.show(progress); });
+    const bool opened = manager->openLibrary();
+    host->setProgress({});
+    bar.erase();
+    if (!opened)
+        fail(ExitLibraryUnreadable, QStringLiteral("the photo library cannot be read"));
+}
+
+void LibrarySession::fail(ExitCode code, const QString &fallback)
+{
+    if (interruptRequested())
+        throw Failure{ExitInterrupted, QStringLiteral("interrupted")};
+    const QString reason = host->failure();
+    throw Failure{code, QStringLiteral("%1: %2").arg(deviceName(), reason.isEmpty() ? fallback : reason)};
+}
+
+QString LibrarySession::damageReport() const
+{
+    const QString damage = host->databaseDamage();
+    if (damage.isEmpty())
+        return host->failure();
+    return QStringLiteral("%1 on the device gives \"%2\"; %3").arg(databaseName, damage, devicehost::copyAgain());
+}
+
+// What the library lacks may well be meant: a device on which nobody took a photo yet. So it is no failure.
+void LibrarySession::warnOfShortcoming()
+{
+    if (host->databaseIsEmpty())
+        return warn(QStringLiteral("%1 is empty (0 bytes), so nothing is listed; ").arg(databaseName) +
+                    devicehost::copyAgain());
+    switch (log.shortcoming()) {
+    case LogWatch::Shortcoming::None:
+        return;
+    case LogWatch::Shortcoming::NoPhotoTable:
+        return warn(databaseName +
+                    QStringLiteral(" holds no photo table that can be read, so albums are listed "
+                                   "without photos; ") +
+                    checkDevice);
+    case LogWatch::Shortcoming::NoAlbumTable:
+        break;
+    }
+    // Every photo library has a UUID, whatever else it lacks.
+    if (manager->getLibraryUuid().isEmpty())
+        return warn(databaseName +
+                    QStringLiteral(" holds none of the tables of a photo library, so nothing is "
+                                   "listed; ") +
+                    checkDevice);
+    warn(databaseName +
+         QStringLiteral(" holds no album table that can be read, so neither albums nor photos are "
+                        "listed; ") +
+         checkDevice);
+}
+
+void LibrarySession::warn(const QString &message)
+{
+    printWarning(QStringLiteral("%1: %2").arg(deviceName(), message));
+}
+
+} // namespace photocli

@@ -1,0 +1,53 @@
+#ifndef APPS_CLI_LIBRARY_SESSION_H
+#define APPS_CLI_LIBRARY_SESSION_H
+
+#include "apps/cli/exit_code.h"
+#include "apps/cli/interrupt.h"
+#include "apps/cli/log_watch.h"
+#include "apps/cli/options/common_options.h"
+#include "devicehost/device_host.h"
+#include "photolib/photolib.h"
+
+#include <memory>
+
+namespace photocli
+{
+
+/// A device with its photo library open. Everything that the opening made on this computer goes with the object.
+class LibrarySession
+{
+public:
+    /// Opens the library; throws a Failure when that cannot be done or the user interrupts. Prints one
+    /// warning at most: for what was read in part only, or else for what the library lacks.
+    explicit LibrarySession(const DeviceOptions &options);
+
+    photo_manager_int &library() { return *manager; }
+
+    /// The device's name with its scheme.
+    QString deviceName() { return host->devicePath(); }
+
+    /// The status to exit with when all else went well: a damaged database has given some of its records only.
+    ExitCode status() const { return readInPart ? ExitSomeFailed : ExitOk; }
+
+private:
+    struct Releaser {
+        void operator()(photo_manager_int *manager) const { releasePhotolib(&manager); }
+    };
+
+    void open(bool showProgress);
+    QString damageReport() const; ///< empty when all could be read
+    void warnOfShortcoming();
+    void warn(const QString &message);
+    [[noreturn]] void fail(ExitCode code, const QString &fallback);
+
+    // Destroyed from the bottom up: the manager before its device, the log last of all.
+    LogWatch log;
+    std::unique_ptr<devicehost::DeviceHost> host;
+    std::unique_ptr<InterruptScope> interrupts;
+    std::unique_ptr<photo_manager_int, Releaser> manager;
+    bool readInPart = false;
+};
+
+} // namespace photocli
+
+#endif
