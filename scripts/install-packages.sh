@@ -1,0 +1,47 @@
+#!/usr/bin/env bash
+# Installs the Debian packages that the project needs, where they are missing.
+# Usage: scripts/install-packages.sh GROUP...     groups: build, test, check
+set -euo pipefail
+
+build=(g++ cmake ninja-build pkg-config ca-certificates
+    qtbase5-dev libsqlite3-dev libplist-dev libcli11-dev rapidjson-dev libgif-dev)
+test=("${build[@]}" libgtest-dev libgmock-dev sqlite3 binutils python3 util-linux)
+check=("${test[@]}" clang-format clang-tidy shellcheck git)
+
+wanted=()
+for group in "$@"; do
+    case $group in
+    build) wanted+=("${build[@]}") ;;
+    test) wanted+=("${test[@]}") ;;
+    check) wanted+=("${check[@]}") ;;
+    *)
+        echo "install-packages.sh: unknown group '$group' (build, test or check)" >&2
+        exit 2
+        ;;
+    esac
+done
+
+missing=()
+for package in "${wanted[@]}"; do
+    dpkg-query --show --showformat='${db:Status-Status}\n' "$package" 2>/dev/null | grep -qx installed ||
+        missing+=("$package")
+done
+[ ${#missing[@]} -eq 0 ] && exit 0
+
+if ! command -v apt-get >/dev/null; then
+    echo "install-packages.sh: this needs Debian's apt-get. Install by hand: ${missing[*]}" >&2
+    exit 1
+fi
+as_root=()
+if [ "$(id -u)" -ne 0 ]; then
+    if ! command -v sudo >/dev/null; then
+        echo "install-packages.sh: run this as root, or install sudo. Missing: ${missing[*]}" >&2
+        exit 1
+    fi
+    as_root=(sudo)
+fi
+
+echo "Installing: ${missing[*]}"
+export DEBIAN_FRONTEND=noninteractive
+"${as_root[@]}" apt-get update -qq
+"${as_root[@]}" apt-get install -y -qq --no-install-recommends "${missing[@]}" >/dev/null
