@@ -1,7 +1,5 @@
 #include "testing/operation.h"
 
-#include <QTextCodec>
-
 #include <sqlite3.h>
 
 namespace testkit
@@ -11,9 +9,7 @@ namespace
 
 bool isUtf8(const QByteArray &bytes)
 {
-    QTextCodec::ConverterState state;
-    QTextCodec::codecForName("UTF-8")->toUnicode(bytes.constData(), bytes.size(), &state);
-    return state.invalidChars == 0 && state.remainingChars == 0;
+    return QString::fromUtf8(bytes).toUtf8() == bytes;
 }
 
 /// Length of the UTF-8 sequence at `position`, 0 when there is none.
