@@ -1,6 +1,9 @@
 #include "photolib/photo_manager.h"
 
+#include "photolib/boundary.h"
 #include "photolib/db/photos_db.h"
+
+using namespace photolib;
 
 photo_manager::photo_manager(IIPod *device) : photo_manager_int(device), hostDevice(device)
 {
@@ -28,9 +31,11 @@ bool photo_manager::isCancelled()
 
 QString photo_manager::getLibraryUuid()
 {
-    if (!photosDb)
-        return QString();
-    if (!currentLibraryUuid.isEmpty())
-        return QString::fromUtf8(currentLibraryUuid);
-    return photosDb->uuid();
+    return guarded(QString(), [this] {
+        if (!photosDb)
+            return QString();
+        if (!currentLibraryUuid.isEmpty())
+            return QString::fromUtf8(currentLibraryUuid);
+        return photosDb->uuid();
+    });
 }
