@@ -5,6 +5,7 @@
 #include "devicehost/private_folder.h"
 #include "devicehost/vdev/schemes.h"
 
+#include <new>
 #include <utility>
 #include <vector>
 
@@ -48,9 +49,13 @@ QString DeviceHost::devicePath()
 
 bool DeviceHost::isAvailable()
 {
-    VDev *const device = vDevOpen(VDevDevice, state->devicePath().toUtf8().constData());
-    vDevClose(device);
-    return device != nullptr;
+    try {
+        VDev *const device = vDevOpen(VDevDevice, state->devicePath().toUtf8().constData());
+        vDevClose(device);
+        return device != nullptr;
+    } catch (const std::bad_alloc &) { // the library asks before it catches anything
+        return false;
+    }
 }
 
 QString DeviceHost::localDataFolder()
@@ -72,6 +77,13 @@ QString DeviceHost::localDataFolder()
 void DeviceHost::requestStop() noexcept
 {
     state->requestStop();
+}
+
+void DeviceHost::discardLocalData()
+{
+    std::vector<PrivateFolder> discarded; // removed when the lock is free again
+    const std::lock_guard<std::mutex> lock(localFolders->mutex);
+    discarded.swap(localFolders->folders);
 }
 
 void DeviceHost::setProgress(std::function<void(const Progress &)> callback)

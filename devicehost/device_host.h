@@ -1,6 +1,9 @@
 #ifndef DEVICEHOST_DEVICE_HOST_H
 #define DEVICEHOST_DEVICE_HOST_H
 
+/// @file
+/// The reference device object.
+
 #include "photolib/host/iipod.h"
 
 #include <QString>
@@ -8,6 +11,7 @@
 #include <functional>
 #include <memory>
 
+/// The reference host: everything that the library expects of its host, over the files of a device.
 namespace devicehost
 {
 
@@ -51,6 +55,11 @@ public:
     /// database copy are interrupted, shouldStop() answers true. Async-signal-safe. Install the handler without
     /// SA_RESTART: a read that waits for a slow mount then ends, too.
     void requestStop() noexcept;
+
+    /// Removes the local folders made so far, with the database copies in them, ahead of the destructor: for a program
+    /// that ends without waiting for a running operation of the library. Such an operation goes on without them, but
+    /// what it reads may be a part only. May be called from any thread while one runs.
+    void discardLocalData();
 
     /// Called on the reading thread while a file of the device is read, at most some times a second, and once when the
     /// file's last byte was read. Files read on several threads report on these threads, possibly at the same time.

@@ -10,6 +10,7 @@
 #include <cstdio>
 #include <memory>
 #include <mutex>
+#include <new>
 #include <utility>
 #include <vector>
 
@@ -127,7 +128,9 @@ void Log(const char *tag, int level, const char *format, ...)
         return;
     va_list arguments;
     va_start(arguments, format);
-    const QString message = devicehost::formatted(format, arguments);
+    try {
+        devicehost::deliver({QString::fromUtf8(tag), level, devicehost::formatted(format, arguments)});
+    } catch (const std::bad_alloc &) { // the library logs where nothing may be thrown; a line is less than the program
+    }
     va_end(arguments);
-    devicehost::deliver({QString::fromUtf8(tag), level, message});
 }

@@ -1,6 +1,9 @@
 #ifndef DEVICEHOST_LOG_SINK_H
 #define DEVICEHOST_LOG_SINK_H
 
+/// @file
+/// Where the lines of the reference host go.
+
 #include <QString>
 
 #include <functional>
@@ -17,9 +20,9 @@ bool setLogFile(const QString &path, QString *error);
 
 /// One call of Log(), formatted.
 struct LogLine {
-    QString tag;
-    int level = 0;
-    QString message;
+    QString tag;     ///< "PHOTOLIB" for the library's lines
+    int level = 0;   ///< 1 progress, 2 error
+    QString message; ///< without a line break at its end
 };
 
 /// Also hands every line to `listener`; an empty function ends it. Called on the logging thread.

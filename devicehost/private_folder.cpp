@@ -3,9 +3,11 @@
 #include "devicehost/local_path.h"
 #include "devicehost/stale_folders.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdlib>
 #include <filesystem>
+#include <new>
 #include <system_error>
 #include <utility>
 
@@ -23,11 +25,13 @@ PrivateFolder::PrivateFolder() : parent(temporaryPlace())
 {
     removeStaleFolders(parent);
     QByteArray name = parent + "/photolib-XXXXXX";
+    QByteArray withSlash = name + '/'; // made first: once the folder is there, nothing may fail
     if (::mkdtemp(name.data()) == nullptr) {
         code = errno;
         return;
     }
-    folder = name + '/';
+    std::copy(name.cbegin(), name.cend(), withSlash.begin());
+    folder = std::move(withSlash);
     lock = holdFolder(folder);
 }
 
@@ -41,9 +45,14 @@ PrivateFolder::~PrivateFolder()
 {
     if (folder.isEmpty())
         return;
-    emptyHeldFolder(folder);
-    std::error_code ignored; // links inside are removed, not followed; the lock ends after that
-    std::filesystem::remove_all(folder.toStdString(), ignored);
+    try {
+        emptyHeldFolder(folder);
+        if (::rmdir(folder.constData()) == 0)
+            return;
+        std::error_code ignored; // links inside are removed, not followed; the lock ends after that
+        std::filesystem::remove_all(folder.toStdString(), ignored);
+    } catch (const std::bad_alloc &) { // the next one of this user removes what is left
+    }
 }
 
 } // namespace devicehost

@@ -1,6 +1,9 @@
 #ifndef DEVICEHOST_RESOLVE_DEVICE_H
 #define DEVICEHOST_RESOLVE_DEVICE_H
 
+/// @file
+/// Finds the device that a user means.
+
 #include <QString>
 
 namespace devicehost
@@ -14,8 +17,9 @@ enum class DeviceStatus {
     NoLibrary,   ///< the device is there, but holds no photo library
 };
 
+/// The answer of resolveDevice().
 struct ResolvedDevice {
-    DeviceStatus status = DeviceStatus::Unreachable;
+    DeviceStatus status = DeviceStatus::Unreachable; ///< decides which of the others is filled
     QString devicePath; ///< name with a scheme for DeviceHost, such as "folder:/media/phone"; empty unless Found
     QString message;    ///< what is wrong and what to do next, one line; empty when Found
 };

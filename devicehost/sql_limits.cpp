@@ -32,12 +32,13 @@ struct Limit {
     int value;
 };
 
-// Photo libraries from six releases have at most 135 columns in a table, 4 KiB of text in a statement of the
-// schema, and single values far below a megabyte; the library's own statements are shorter than 1 KiB, but for two
-// that name every column. The limits leave a factor of seven or more.
+// Photo libraries from six releases have at most 135 columns in a table, 4 KiB of text in a statement of the schema,
+// and single values far below a megabyte; the library's own statements are shorter than 1 KiB, but for one that lists
+// the number of every person. The limits leave a factor of seven or more.
 constexpr Limit limits[] = {
-    {SQLITE_LIMIT_LENGTH, 64 * 1024 * 1024}, // of one value or row: what a lie about its size can make SQLite allocate
-    {SQLITE_LIMIT_SQL_LENGTH, 16 * 1024 * 1024}, // one statement lists every person's number
+    // Of one value or row: what a lie about its size can make SQLite allocate, and how long one step can take.
+    {SQLITE_LIMIT_LENGTH, 1024 * 1024},
+    {SQLITE_LIMIT_SQL_LENGTH, 1024 * 1024},
     {SQLITE_LIMIT_COLUMN, 1000},
     {SQLITE_LIMIT_EXPR_DEPTH, 100},
     {SQLITE_LIMIT_COMPOUND_SELECT, 10},
@@ -48,6 +49,11 @@ constexpr Limit limits[] = {
     {SQLITE_LIMIT_VARIABLE_NUMBER, 1000},
     {SQLITE_LIMIT_TRIGGER_DEPTH, 1},
     {SQLITE_LIMIT_WORKER_THREADS, 0},
+};
+
+constexpr Limit limitsForStatements[] = {
+    {SQLITE_LIMIT_LENGTH, 16 * 1024 * 1024},
+    {SQLITE_LIMIT_SQL_LENGTH, 4 * 1024 * 1024},
 };
 
 // - Memory mapping is off: a file that shrinks would end the program with SIGBUS.
@@ -69,6 +75,12 @@ int harden(sqlite3 *db)
     for (const Limit &entry : limits)
         sqlite3_limit(db, entry.id, entry.value);
     return sqlite3_exec(db, pragmas, nullptr, nullptr, nullptr);
+}
+
+void allowStatements(sqlite3 *db)
+{
+    for (const Limit &entry : limitsForStatements)
+        sqlite3_limit(db, entry.id, entry.value);
 }
 
 } // namespace devicehost

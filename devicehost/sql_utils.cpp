@@ -4,73 +4,79 @@
 #include "devicehost/database_errors.h"
 #include "devicehost/host_state.h"
 #include "devicehost/local_path.h"
+#include "devicehost/sql_connection.h"
 #include "devicehost/sql_limits.h"
+#include "devicehost/sql_schema.h"
 
 #include <QString>
 
 #include <sqlite3.h>
+#include <sys/stat.h>
 
 #include <cerrno>
 #include <memory>
+#include <new>
+#include <utility>
+#include <vector>
 
 namespace devicehost
 {
 namespace
 {
 
-/// How many steps of SQLite's virtual machine pass between two looks at the stop request: well under a millisecond.
-constexpr int stepsBetweenLooks = 1000;
-
-/// What a connection needs of its host for as long as it lives.
-struct Connection {
-    std::shared_ptr<HostState> host;
-
-    ~Connection() { leaveDatabase(host.get()); }
-};
-
-int interruptWhenStopped(void *connection)
-{
-    return static_cast<const Connection *>(connection)->host->stopRequested() ? 1 : 0;
-}
-
-void noFunction(sqlite3_context *context, int, sqlite3_value **)
-{
-    sqlite3_result_null(context);
-}
-
-void destroyConnection(void *connection)
-{
-    delete static_cast<Connection *>(connection);
-}
-
-/// Ties the connection to its host until it is closed. The library closes it without a word to the host, but SQLite
-/// destroys what belongs to a connection's own functions then: the state rides on one that nobody calls.
-int attachHost(sqlite3 *db, const std::shared_ptr<HostState> &host)
-{
-    if (host == nullptr)
-        return SQLITE_OK;
-    auto *const connection = new Connection{host};
-    const int result = sqlite3_create_function_v2(db, "photolib_connection", 0, SQLITE_UTF8 | SQLITE_DIRECTONLY,
-                                                  connection, &noFunction, nullptr, nullptr, &destroyConnection);
-    if (result != SQLITE_OK) // destroyed already
-        return result;
-    enterDatabase(host);
-    sqlite3_progress_handler(db, stepsBetweenLooks, &interruptWhenStopped, connection);
-    return SQLITE_OK;
-}
-
-bool hasNoPages(sqlite3 *db)
-{
-    sqlite3_stmt *statement = nullptr;
-    const bool none = sqlite3_prepare_v2(db, "PRAGMA page_count", -1, &statement, nullptr) == SQLITE_OK &&
-                      sqlite3_step(statement) == SQLITE_ROW && sqlite3_column_int64(statement, 0) == 0;
-    sqlite3_finalize(statement);
-    return none;
-}
-
 int readSchema(sqlite3 *db)
 {
     return sqlite3_exec(db, "SELECT count(*) FROM sqlite_master", nullptr, nullptr, nullptr);
+}
+
+/// What a PRAGMA answers; -1 on failure.
+qint64 ask(sqlite3 *db, const char *pragma)
+{
+    sqlite3_stmt *statement = nullptr;
+    const bool answered =
+        sqlite3_prepare_v2(db, pragma, -1, &statement, nullptr) == SQLITE_OK && sqlite3_step(statement) == SQLITE_ROW;
+    const qint64 answer = answered ? sqlite3_column_int64(statement, 0) : -1;
+    sqlite3_finalize(statement);
+    return answer;
+}
+
+/// Of the main file and its log, as they lie here: what the files say of themselves may be a lie.
+qint64 bytesOnDisk(const QByteArray &file)
+{
+    qint64 bytes = 0;
+    for (const char *const suffix : {"", "-wal"}) {
+        struct stat info = {};
+        if (::stat((file + suffix).constData(), &info) == 0)
+            bytes += info.st_size;
+    }
+    return bytes;
+}
+
+constexpr qint64 largestPage = 65536;
+
+/// Everything that has to be done before the library's first statement, with nothing trusted on the way.
+int prepareConnection(sqlite3 *db, const QByteArray &file, const QString &path, const std::shared_ptr<HostState> &host)
+{
+    int result = harden(db);
+    if (result == SQLITE_OK)
+        result = disarmSchema(db);
+    if (result != SQLITE_OK)
+        return result;
+    SqlConnection *const connection = SqlConnection::attach(db, host, path, &result);
+    if (connection == nullptr)
+        return result;
+    connection->meter.allow(schemaAllowance, largestPage);
+    result = readSchema(db);
+    if (connection->meter.isUsedUp())
+        return SQLITE_TOOBIG;
+    if (result != SQLITE_OK)
+        return result;
+    connection->meter.allow(readingAllowance(bytesOnDisk(file)), ask(db, "PRAGMA page_size"));
+    allowStatements(db);
+    std::vector<QByteArray> computedTables;
+    result = inspectSchema(db, &computedTables);
+    connection->open(std::move(computedTables));
+    return result;
 }
 
 QString localAdviceFor(int code)
@@ -100,8 +106,11 @@ QString describe(const QString &path, int code)
     case SQLITE_CORRUPT:
         return QStringLiteral("the database %1 on the device is truncated or damaged (%2); %3")
             .arg(name, reason, copyAgain());
-    case SQLITE_ERROR: // SQLite says so of file formats that it does not know
+    case SQLITE_INTERRUPT:
     case SQLITE_TOOBIG:
+        return QStringLiteral("the database %1 on the device has a larger schema than any photo library; %2")
+            .arg(name, copyAgain());
+    case SQLITE_ERROR: // SQLite says so of file formats that it does not know
         return QStringLiteral("the database %1 on the device is damaged or of an unknown kind (%2); %3")
             .arg(name, reason, copyAgain());
     default:
@@ -119,17 +128,14 @@ void recordOpenFailure(const std::shared_ptr<HostState> &host, const QString &pa
 }
 
 /// On failure the connection, if any, is left to the caller to close.
-int openHardened(const QByteArray &path, const std::shared_ptr<HostState> &host, sqlite3 **db)
+int openHardened(const QByteArray &file, const QString &path, const std::shared_ptr<HostState> &host, sqlite3 **db)
 {
-    int result = sqlite3_open_v2(path.constData(), db, SQLITE_OPEN_READWRITE, nullptr);
+    // Without locks of its own: the library opens, reads and closes a connection on one thread.
+    int result = sqlite3_open_v2(file.constData(), db, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr);
     if (result == SQLITE_OK)
-        result = harden(*db);
-    if (result == SQLITE_OK)
-        result = attachHost(*db, host);
-    if (result == SQLITE_OK)
-        result = readSchema(*db);
+        result = prepareConnection(*db, file, path, host);
     if (host != nullptr)
-        host->recordOpening(result == SQLITE_OK && hasNoPages(*db));
+        host->recordOpening(result == SQLITE_OK && ask(*db, "PRAGMA page_count") == 0);
     return result;
 }
 
@@ -147,12 +153,18 @@ int SqlUtils::openSqlite(const QString &path, sqlite3 **db)
     // Absolute, because SQLite takes ":memory:" and "file:" names for something else than files.
     const QByteArray file = absoluteLocalPath(path).toUtf8();
     const std::shared_ptr<HostState> host = hosts::forLocalPath(file.constData());
-    const int result = openHardened(file, host, db);
-    if (result != SQLITE_OK) {
-        recordOpenFailure(host, path, result);
-        sqlite3_close(*db);
-        *db = nullptr;
+    sqlite3 *opened = nullptr;
+    int result = SQLITE_NOMEM;
+    try {
+        result = openHardened(file, path, host, &opened);
+    } catch (const std::bad_alloc &) {
     }
+    if (result == SQLITE_OK) {
+        *db = opened;
+        return result;
+    }
+    sqlite3_close(opened);
+    recordOpenFailure(host, path, result);
     return result;
 }
 

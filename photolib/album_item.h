@@ -1,6 +1,9 @@
 #ifndef PHOTOLIB_ALBUM_ITEM_H
 #define PHOTOLIB_ALBUM_ITEM_H
 
+/// @file
+/// The record of an album.
+
 #include "photolib/export.h"
 
 #include <QByteArray>
@@ -21,15 +24,17 @@ struct PHOTOLIB_EXPORT albumItem {
     qint32 albumType;    ///< 1 for kind 2, 2 (the default) for kind 1550, 0 for every other kind
     QList<qint64> photoIds; ///< Z_PKs of the album's photos, in the album's order
 
+    /// Sets the defaults named above. Needs no memory.
     albumItem();
 
-    /// Copies every field.
+    /// Copies every field, an unset `trashedState` as it stands.
     albumItem(const albumItem &other);
 
     /// Copies `id`, `uuid`, `title`, `albumType` and `photoIds` only: `entity`, `kind` and `trashedState` of the
     /// target keep their values. Hosts rely on it.
     albumItem &operator=(const albumItem &other);
 
+    /// Gives up this object's share of its texts and lists.
     ~albumItem();
 };
 

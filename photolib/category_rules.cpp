@@ -133,7 +133,9 @@ constexpr CategoryRule rules[] = {
 
 QString singleGroupKey()
 {
-    return QStringLiteral("0");
+    // On the heap, unlike a literal: a host may keep the key after it unloaded the library.
+    static const QString key(QLatin1Char('0'));
+    return key;
 }
 
 bool isRecentlyDeleted(const assetRecord &asset)
@@ -154,7 +156,7 @@ int directoryCategory(const assetRecord &asset)
     if (directory.startsWith(QLatin1String("PhotoStreamsData/")))
         return 29;
     if (directory.startsWith(QLatin1String("PhotoData/Sync/")) || directory.startsWith(QLatin1String("Photos/")))
-        return 28;
+        return syncedCategory;
     return 0;
 }
 

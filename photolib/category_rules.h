@@ -8,10 +8,11 @@ struct assetRecord;
 namespace photolib
 {
 
-/// Codes of the categories that the builder of the model treats by itself.
+/// Codes of the categories that the builder of the model treats by itself, and of the one that edits change.
 constexpr int recentlyDeletedCategory = 6;
 constexpr int peopleCategory = 4;
 constexpr int memoriesCategory = 15;
+constexpr int syncedCategory = 28; ///< photos that a host placed on the device
 
 /// The key of categories with one group only.
 QString singleGroupKey();

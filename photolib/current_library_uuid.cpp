@@ -7,7 +7,6 @@
 
 #include <array>
 #include <cstdint>
-#include <cstdlib>
 #include <memory>
 
 namespace photolib
@@ -25,9 +24,6 @@ constexpr int largestMarker = 64 * 1024;
 
 struct FreePlist {
     void operator()(void *plist) const { plist_free(plist); }
-};
-struct FreeText {
-    void operator()(char *text) const { std::free(text); }
 };
 
 QByteArray readToEnd(VFile *file)
@@ -53,12 +49,9 @@ void parseMarker(const QByteArray &xml, QByteArray *uuid)
     plist_t item = plist_dict_get_item(root.get(), "libraryUUID");
     if (!item)
         return;
-    char *value = nullptr;
-    plist_get_string_val(item, &value);
-    if (!value)
-        return;
-    const std::unique_ptr<char, FreeText> text(value);
-    *uuid = QByteArray(text.get());
+    // Not plist_get_string_val(): that one ends the program at a text with a zero character.
+    if (const char *value = plist_get_string_ptr(item, nullptr))
+        *uuid = QByteArray(value);
 }
 
 } // namespace

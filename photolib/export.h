@@ -1,6 +1,9 @@
 #ifndef PHOTOLIB_EXPORT_H
 #define PHOTOLIB_EXPORT_H
 
+/// @file
+/// Marks of the symbols that the library and its hosts give each other.
+
 /// Marks what crosses the boundary of the library. Everything else is compiled with hidden visibility.
 #define PHOTOLIB_EXPORT __attribute__((visibility("default")))
 

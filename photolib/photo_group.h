@@ -1,13 +1,16 @@
 #ifndef PHOTOLIB_PHOTO_GROUP_H
 #define PHOTOLIB_PHOTO_GROUP_H
 
+/// @file
+/// The record of a group of photos.
+
 #include <QList>
 #include <QString>
 
 /// One automatic group of photos: all videos, one person, one memory, one burst, ...
 ///
 /// A plain value that its holder owns; copies share their Qt members until one side writes. Use one object on one
-/// thread at a time.
+/// thread at a time. Host and library must be built against the same declaration.
 struct photoGroup {
     qint32 category = 0; ///< the category code under which the group is stored
     QString key;         ///< the key inside its category; "0" where a category has one group only

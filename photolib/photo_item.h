@@ -1,6 +1,9 @@
 #ifndef PHOTOLIB_PHOTO_ITEM_H
 #define PHOTOLIB_PHOTO_ITEM_H
 
+/// @file
+/// The record of a photo or video.
+
 #include "photolib/export.h"
 
 #include <QByteArray>
@@ -54,6 +57,7 @@ struct PHOTOLIB_EXPORT photoItem {
     qint32 cloudLocalState;                  ///< 1 when in the cloud library; 0 by default
     qint32 importSession;                    ///< Z_PK of the import session, 0 for none
 
+    /// Sets the defaults named above; a number without one is 0.
     photoItem();
 
     /// Copies every field.
@@ -62,6 +66,7 @@ struct PHOTOLIB_EXPORT photoItem {
     /// Copies every field but `entity`, which keeps its value. Hosts rely on it.
     photoItem &operator=(const photoItem &other);
 
+    /// Gives up this object's share of its texts.
     ~photoItem();
 };
 

@@ -1,6 +1,7 @@
 #ifndef PHOTOLIB_PHOTO_MANAGER_H
 #define PHOTOLIB_PHOTO_MANAGER_H
 
+#include "photolib/media/ithmb_frame.h"
 #include "photolib/photolib.h"
 
 #include <QDateTime>
@@ -13,15 +14,9 @@
 #include <vector>
 
 class Photos_DB;
+struct VDev;
+struct VFile;
 struct assetRecord;
-
-/// The layout of the thumbnail container that was opened last.
-struct ithmbGeometry {
-    qint32 frameBytes;   ///< bytes of one stored frame
-    qint32 rowPixels;    ///< 16-bit pixels of one stored row
-    qint32 frameRows;    ///< stored rows of a frame
-    qint32 frameColumns; ///< picture columns of a frame
-};
 
 /// The implementation of photo_manager_int; see there for what each slot does.
 ///
@@ -64,9 +59,17 @@ private:
     void groupMemories();
     void addAssetToGroup(int category, const assetRecord &asset, const QString &key, bool setCover);
 
-    IIPod *hostDevice; // the host's
-    struct ithmbGeometry ithmbGeometry;
-    Photos_DB *photosDb = nullptr; // owned; null until openLibrary() made it
+    bool readV2Thumbnail(const assetRecord &asset, QByteArray *out);
+    bool readIthmbThumbnail(qint32 index, QByteArray *out);
+    bool appendBitmap(const unsigned char *frame, QByteArray *out);
+    static VFile *openIthmbFile(struct ithmbGeometry *geometry, VDev *device);
+
+    void createAsset(photoItem *photo);
+    QByteArray generateUuid();
+
+    IIPod *hostDevice;                  // the host's
+    struct ithmbGeometry ithmbGeometry; // of the container that was opened last
+    Photos_DB *photosDb = nullptr;      // owned; null until openLibrary() made it
     QMap<QByteArray, bool> knownUuids;
     QMap<int, QMap<QString, photoGroup>> categoryGroups;
     QMutex uuidMutex{QMutex::NonRecursive};

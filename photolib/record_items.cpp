@@ -121,4 +121,63 @@ void fillPhotoItem(const assetRecord &asset, const QDateTime &referenceDate, pho
     out->importSession = asset.importSession;
 }
 
+std::unique_ptr<albumRecord> albumOf(const albumItem &item)
+{
+    auto album = std::make_unique<albumRecord>();
+    album->memberIds = item.photoIds;
+    album->entity = item.entity;
+    album->kind = item.kind;
+    album->pk = static_cast<quint64>(item.id);
+    album->trashedState = item.trashedState;
+    album->title = item.title;
+    album->uuid = item.uuid;
+    return album;
+}
+
+std::unique_ptr<assetRecord> assetOf(const photoItem &item, const QDateTime &referenceDate)
+{
+    auto asset = std::make_unique<assetRecord>();
+    asset->pk = item.id;
+    asset->entity = item.entity;
+    asset->fileName = item.fileName;
+    asset->directory = item.directory;
+    asset->uuid = item.uuid;
+    asset->width = item.width;
+    asset->height = item.height;
+    asset->kind = item.mediaType == Video ? 1 : 0;
+    asset->kindSubtype = item.kindSubtype;
+    asset->moment = item.moment;
+    asset->uniformTypeIdentifier = item.uniformTypeIdentifier;
+    asset->avalancheUuid = item.avalancheUuid;
+    asset->avalanchePickType = item.avalanchePickType;
+    asset->visibilityState = item.visibilityState;
+    asset->faceAreaPoints = item.faceAreaPoints;
+    asset->favorite = item.favorite;
+    asset->thumbnailIndex = item.thumbnailIndex;
+    asset->orientation = item.orientation;
+    asset->trashedState = item.trashedState;
+    asset->trashedDate = referenceDate.secsTo(item.trashedDate);
+    asset->dateCreated = referenceDate.secsTo(item.dateCreated);
+    asset->addedDate = asset->dateCreated + 1; // a photo is added after it was taken
+    asset->modificationDate = referenceDate.secsTo(item.modificationDate);
+    asset->sortToken = item.sortToken;
+    asset->duration = item.duration;
+    asset->latitude = item.latitude;
+    asset->longitude = item.longitude;
+    asset->duplicateAssetVisibilityState = item.duplicateAssetVisibilityState;
+    asset->duplicateMetadataMatchingAlbum = item.duplicateMetadataMatchingAlbum;
+    asset->duplicatePerceptualMatchingAlbum = item.duplicatePerceptualMatchingAlbum;
+    asset->packedBadgeAttributes = item.packedBadgeAttributes;
+    asset->depthType = item.depthType;
+    asset->originalFileSize = item.fileSize;
+    asset->localResourcesState = item.localResourcesState;
+    asset->customRenderedValue = item.customRenderedValue;
+    asset->cameraCaptureDevice = item.cameraCaptureDevice;
+    asset->hasAdjustments = item.hasAdjustments;
+    asset->hidden = item.hidden;
+    asset->cloudLocalState = item.cloudLocalState;
+    asset->importSession = item.importSession;
+    return asset;
+}
+
 } // namespace photolib

@@ -1,21 +1,27 @@
 #!/usr/bin/env bash
 # Installs the Debian packages that the project needs, where they are missing.
-# Usage: scripts/install-packages.sh GROUP...     groups: build, test, check
+# Usage: scripts/install-packages.sh GROUP...     groups: build, package, test, check, fuzz
 set -euo pipefail
 
 build=(g++ cmake ninja-build pkg-config ca-certificates
     qtbase5-dev libsqlite3-dev libplist-dev libcli11-dev rapidjson-dev libgif-dev)
+package=("${build[@]}" dpkg-dev file)
 test=("${build[@]}" libgtest-dev libgmock-dev sqlite3 binutils python3 util-linux)
-check=("${test[@]}" clang-format clang-tidy shellcheck git)
+check=("${test[@]}" clang-format clang-tidy shellcheck git strace abigail-tools doxygen
+    "${package[@]}" fakeroot fish mandoc zsh)
+# clang's own version of Debian; the runtime library holds the fuzzer, llvm the tool that names the lines of a crash.
+fuzz=("${test[@]}" clang libclang-rt-14-dev llvm)
 
 wanted=()
 for group in "$@"; do
     case $group in
     build) wanted+=("${build[@]}") ;;
+    package) wanted+=("${package[@]}") ;;
     test) wanted+=("${test[@]}") ;;
     check) wanted+=("${check[@]}") ;;
+    fuzz) wanted+=("${fuzz[@]}") ;;
     *)
-        echo "install-packages.sh: unknown group '$group' (build, test or check)" >&2
+        echo "install-packages.sh: unknown group '$group' (build, package, test, check or fuzz)" >&2
         exit 2
         ;;
     esac

@@ -61,6 +61,15 @@ QString categoryName(int code)
     return QString::number(code);
 }
 
+QString categoryTitle(int code)
+{
+    for (const Category &category : categories()) {
+        if (category.code == code)
+            return QLatin1String(category.title);
+    }
+    return QString::number(code);
+}
+
 QString allCategoryNames()
 {
     QStringList names;

@@ -27,8 +27,16 @@ QString categoryName(int code);
 /// The names of all categories, separated by ", ".
 QString allCategoryNames();
 
+/// The category's title for people, or its number as text for one that is not in the list.
+QString categoryTitle(int code);
+
+constexpr int videosCategory = 1;
+constexpr int photosCategory = 3;
 constexpr int peopleCategory = 4;
+constexpr int placesCategory = 5;
 constexpr int recentlyDeletedCategory = 6;
+constexpr int memoriesCategory = 15;
+constexpr int burstsCategory = 16;
 
 } // namespace photocli
 

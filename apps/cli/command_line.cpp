@@ -33,6 +33,9 @@ void addCommands(CLI::App &app, Action &action)
     addPhotosCommand(app, action);
     addGroupsCommand(app, action);
     addShowCommand(app, action);
+    addThumbnailCommand(app, action);
+    addContactSheetCommand(app, action);
+    addExportCommand(app, action);
     addDumpCommand(app, action);
     addSampleCommand(app, action);
     app.footer(footer); // last: commands added later would print it in their own help

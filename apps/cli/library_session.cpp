@@ -2,9 +2,12 @@
 
 #include "apps/cli/failure.h"
 #include "apps/cli/messages.h"
+#include "apps/cli/opening_deadline.h"
 #include "apps/cli/progress_bar.h"
 #include "devicehost/advice.h"
 #include "devicehost/resolve_device.h"
+
+#include <atomic>
 
 namespace photocli
 {
@@ -34,6 +37,15 @@ QString resolved(const std::string &argument)
 
 } // namespace
 
+void LibrarySession::Releaser::operator()(photo_manager_int *manager) const
+{
+    static std::atomic<photo_manager_int *> abandoned{nullptr}; // to be found by those who look for leaks
+    if (interruptRequested())
+        abandoned = manager;
+    else
+        releasePhotolib(&manager);
+}
+
 LibrarySession::LibrarySession(const DeviceOptions &options)
     : log(QString::fromStdString(options.logFile), options.verbose),
       host(std::make_unique<devicehost::DeviceHost>(resolved(options.device))),
@@ -59,10 +71,14 @@ void LibrarySession::open(bool showProgress)
     ProgressBar bar;
     if (showProgress)
         host->setProgress([&bar](const devicehost::Progress &progress) { bar.show(progress); });
-    const bool opened = manager->openLibrary();
+    bool opened = false;
+    {
+        const OpeningDeadline deadline(interruptRequested, [this, &bar] { endInterruptedOpening(*host, bar); });
+        opened = manager->openLibrary();
+    }
     host->setProgress({});
     bar.erase();
-    if (!opened)
+    if (!opened || interruptRequested()) // which the library may have been too far to notice
         fail(ExitLibraryUnreadable, QStringLiteral("the photo library cannot be read"));
 }
 

@@ -23,6 +23,9 @@ public:
 
     photo_manager_int &library() { return *manager; }
 
+    /// The device, for those who read its files.
+    devicehost::DeviceHost &device() { return *host; }
+
     /// The device's name with its scheme.
     QString deviceName() { return host->devicePath(); }
 
@@ -30,8 +33,9 @@ public:
     ExitCode status() const { return readInPart ? ExitSomeFailed : ExitOk; }
 
 private:
+    /// Leaves the memory to the end of the process when the user interrupts: freeing a million photos takes a while.
     struct Releaser {
-        void operator()(photo_manager_int *manager) const { releasePhotolib(&manager); }
+        void operator()(photo_manager_int *manager) const;
     };
 
     void open(bool showProgress);

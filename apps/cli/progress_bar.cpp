@@ -33,14 +33,6 @@ bool isAtEnd(const devicehost::Progress &progress)
     return progress.totalBytes >= 0 && progress.bytesRead >= progress.totalBytes;
 }
 
-// `done` of `total`, which is positive.
-QString cellsFor(qint64 done, qint64 total)
-{
-    const int cells = 20;
-    const auto filled = static_cast<int>(cells * (static_cast<double>(done) / static_cast<double>(total)));
-    return QStringLiteral("[%1%2]").arg(QString(filled, QChar('#')), QString(cells - filled, QChar('-')));
-}
-
 // A character in the last column makes some terminals begin a new line.
 QString cutToColumns(const QString &line, int columns)
 {
@@ -49,6 +41,16 @@ QString cutToColumns(const QString &line, int columns)
 
 } // namespace
 
+QString barCells(qint64 done, qint64 total)
+{
+    const int cells = 20;
+    // Nothing to do is all done.
+    const double part =
+        total <= 0 ? 1.0 : static_cast<double>(std::clamp<qint64>(done, 0, total)) / static_cast<double>(total);
+    const auto filled = static_cast<int>(cells * part);
+    return QStringLiteral("[%1%2]").arg(QString(filled, QChar('#')), QString(cells - filled, QChar('-')));
+}
+
 QString progressLine(const devicehost::Progress &progress)
 {
     const QString start = QStringLiteral("reading %1  ").arg(harmless(progress.path));
@@ -56,12 +58,12 @@ QString progressLine(const devicehost::Progress &progress)
         return start + humanSize(progress.bytesRead);
     const qint64 read = std::clamp<qint64>(progress.bytesRead, 0, progress.totalBytes);
     return start + QStringLiteral("%1  %2 of %3")
-                       .arg(cellsFor(read, progress.totalBytes), humanSize(read), humanSize(progress.totalBytes));
+                       .arg(barCells(read, progress.totalBytes), humanSize(read), humanSize(progress.totalBytes));
 }
 
 QString writingLine(int done, int total)
 {
-    return QStringLiteral("writing  %1  %2 of %3 photos and videos").arg(cellsFor(done, total)).arg(done).arg(total);
+    return QStringLiteral("writing  %1  %2 of %3 photos and videos").arg(barCells(done, total)).arg(done).arg(total);
 }
 
 QString barText(const devicehost::Progress &progress, int columns)
@@ -77,7 +79,12 @@ void ProgressBar::show(const devicehost::Progress &progress)
 
 void ProgressBar::show(int done, int total)
 {
-    replace(cutToColumns(writingLine(done, total), terminalColumns()));
+    show(writingLine(done, total));
+}
+
+void ProgressBar::show(const QString &line)
+{
+    replace(cutToColumns(line, terminalColumns()));
 }
 
 void ProgressBar::replace(const QString &line)
@@ -90,9 +97,8 @@ void ProgressBar::replace(const QString &line)
 
 void ProgressBar::erase()
 {
-    if (shown)
+    if (shown.exchange(false))
         toTerminal("\r\033[K");
-    shown = false;
 }
 
 } // namespace photocli

@@ -3,6 +3,8 @@
 
 #include "devicehost/device_host.h"
 
+#include <atomic>
+
 namespace photocli
 {
 
@@ -19,13 +21,19 @@ public:
     void show(const devicehost::Progress &progress);
     /// How many of the photos and videos of a sample device are written; `total` is positive.
     void show(int done, int total);
+    /// Any line.
+    void show(const QString &line);
+    /// May be called from any thread, while another one shows something.
     void erase();
 
 private:
     void replace(const QString &line);
 
-    bool shown = false;
+    std::atomic<bool> shown{false};
 };
+
+/// Twenty cells, of which as many are full as `done` is of `total`, which is positive.
+QString barCells(qint64 done, qint64 total);
 
 /// The line for `progress`, such as "reading /PhotoData/Photos.sqlite  [#####-----]  3.1 MB of 6.2 MB".
 QString progressLine(const devicehost::Progress &progress);

@@ -4,6 +4,7 @@
 #include "devicehost/device_host.h"
 #include "devicehost/host_state.h"
 #include "devicehost/local_path.h"
+#include "devicehost/sql_limits.h"
 
 #include <utility>
 
@@ -33,11 +34,17 @@ FileWatch::FileWatch(std::shared_ptr<HostState> watchingHost, const char *name, 
         role = Role::Database;
     else if (isNamed(known + QStringLiteral("-wal")))
         role = Role::WriteAheadLog;
+    bounded = device && (role != Role::Other || isNamed(known + QStringLiteral("-shm")));
 }
 
 bool FileWatch::stopRequested() const
 {
     return host != nullptr && host->stopRequested();
+}
+
+bool FileWatch::isTooLarge(qint64 totalBytes) const
+{
+    return bounded && (totalBytes > largestDatabaseFile || bytesRead > largestDatabaseFile);
 }
 
 void FileWatch::openFailed(const VError &error)

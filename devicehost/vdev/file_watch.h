@@ -26,6 +26,10 @@ public:
 
     bool stopRequested() const;
 
+    /// Whether a file of `totalBytes` (-1 when not known) is larger than the device's database may be, or was read
+    /// further than that.
+    bool isTooLarge(qint64 totalBytes) const;
+
     void openFailed(const VError &error);
     void readFailed(const VError &error);
     void writeFailed(const VError &error);
@@ -46,6 +50,7 @@ private:
     std::shared_ptr<HostState> host;
     QString path;
     Role role = Role::Other;
+    bool bounded = false; ///< one of the files of the database
     bool device = false;
     bool endReported = false;
     qint64 bytesRead = 0;

@@ -2,6 +2,7 @@
 
 #include "devicehost/advice.h"
 #include "devicehost/host_state.h"
+#include "devicehost/open_error.h"
 #include "devicehost/vdev/backend.h"
 #include "devicehost/vdev/local.h"
 #include "devicehost/vdev/schemes.h"
@@ -16,6 +17,14 @@ using devicehost::VError;
 
 namespace
 {
+
+/// The interface tells of a failure by a null handle only.
+thread_local VError lastFailure;
+
+VError tooLarge()
+{
+    return {EFBIG, QStringLiteral("it is larger than any photo library")};
+}
 
 /// A request of no bytes needs no buffer.
 bool isUsableRequest(const void *buffer, int size)
@@ -39,6 +48,13 @@ std::unique_ptr<VDev> openAnnouncedDevice(const char *name)
 }
 
 } // namespace
+
+devicehost::OpenError devicehost::lastOpenError()
+{
+    const bool absent = isAbsence(lastFailure);
+    const bool hasAdvice = !absent && lastFailure.code != 0;
+    return {absent, lastFailure.text, hasAdvice ? deviceAdvice(lastFailure.code) : QString()};
+}
 
 VDev *vDevOpen(VDevType type, const char *path)
 {
@@ -65,16 +81,24 @@ int vDevCreateDir(VDev *device, const char *path)
 
 VFile *vFileOpen(VDev *device, const char *path, int mode)
 {
-    if (device == nullptr || path == nullptr || *path == '\0' || (mode != 0 && mode != 1))
+    if (device == nullptr || path == nullptr || *path == '\0' || (mode != 0 && mode != 1)) {
+        lastFailure = devicehost::errnoError(EINVAL);
         return nullptr;
+    }
     FileWatch watch = device->isLocal ? FileWatch::onLocal(devicehost::hosts::forLocalPath(path), path)
                                       : FileWatch::onDevice(device->host, path);
     VError error;
     std::unique_ptr<VFile> file = device->openFile(path, mode, &error);
-    if (file == nullptr)
-        watch.openFailed(error);
-    else
+    if (file != nullptr && watch.isTooLarge(file->size())) {
+        file.reset();
+        error = tooLarge();
+    }
+    if (file != nullptr) {
         file->watch = std::move(watch);
+    } else {
+        watch.openFailed(error);
+        lastFailure = error;
+    }
     return file.release();
 }
 
@@ -107,6 +131,10 @@ int vFileRead(VFile *file, void *buffer, int size)
         atEnd = count == 0;
         done += count;
         file->watch.advanced(count, file->size(), atEnd);
+        if (file->watch.isTooLarge(-1)) { // it grows while it is read
+            file->watch.readFailed(tooLarge());
+            return -1;
+        }
     }
     return static_cast<int>(done);
 }

@@ -1,3 +1,4 @@
+#include "photolib/db/key_set.h"
 #include "photolib/db/photos_db.h"
 #include "photolib/db/statement.h"
 #include "photolib/host/log.h"
@@ -13,13 +14,11 @@ QStringList Photos_DB::croppedFaceGroups(sqlite3 *db) const
     if (!statement.isPrepared())
         return {};
     QStringList groups;
-    QSet<qint64> seen;
+    KeySet seen;
     for (const Row row : statement.rows(stop)) {
         const qint64 group = row.int64(0);
-        if (seen.contains(group))
-            continue;
-        seen.insert(group);
-        groups.append(QString::number(group, 10));
+        if (seen.insert(group).second)
+            groups.append(QString::number(group, 10));
     }
     return groups;
 }

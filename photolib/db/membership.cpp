@@ -1,12 +1,13 @@
+#include "photolib/db/key_set.h"
 #include "photolib/db/photos_db.h"
 #include "photolib/db/schema.h"
 #include "photolib/db/statement.h"
 #include "photolib/host/log.h"
 #include "photolib/logging.h"
 
-#include <QHash>
-#include <QRegExp>
 #include <QVector>
+
+#include <algorithm>
 
 using namespace photolib;
 
@@ -15,16 +16,25 @@ namespace
 
 enum class KeyColumn { Neither, Album, Asset };
 
+// "Z_", digits of any script, `ending`. By hand: QRegExp ends the program when memory runs short in its destructor.
+bool isKeyColumn(const QString &name, QLatin1String ending)
+{
+    const QLatin1String beginning("Z_");
+    const int digits = name.size() - beginning.size() - ending.size();
+    if (digits < 1 || !name.startsWith(beginning) || !name.endsWith(ending))
+        return false;
+    const auto *const first = name.constBegin() + beginning.size();
+    return std::all_of(first, first + digits, [](QChar character) { return character.isDigit(); });
+}
+
 QVector<KeyColumn> keyColumnsOf(const Row &row)
 {
-    const QRegExp albumKey(QLatin1String("Z_\\d+ALBUMS"), Qt::CaseSensitive, QRegExp::RegExp);
-    const QRegExp assetKey(QLatin1String("Z_\\d+ASSETS"), Qt::CaseSensitive, QRegExp::RegExp);
     QVector<KeyColumn> columns;
     for (int column = 0; column < row.columnCount(); ++column) {
         const QString name = QString::fromUtf8(row.columnName(column));
-        if (albumKey.exactMatch(name))
+        if (isKeyColumn(name, QLatin1String("ALBUMS")))
             columns.append(KeyColumn::Album);
-        else if (assetKey.exactMatch(name))
+        else if (isKeyColumn(name, QLatin1String("ASSETS")))
             columns.append(KeyColumn::Asset);
         else
             columns.append(KeyColumn::Neither);
@@ -42,16 +52,13 @@ public:
 
     void add(qint64 album, qint64 asset)
     {
-        QSet<qint64> &members = seen[album];
-        if (members.contains(asset))
-            return;
-        members.insert(asset);
-        albums.value(static_cast<quint64>(album))->memberIds.append(asset);
+        if (seen[album].insert(asset).second)
+            albums.value(static_cast<quint64>(album))->memberIds.append(asset);
     }
 
 private:
     const QMap<quint64, albumRecord *> &albums;
-    QHash<qint64, QSet<qint64>> seen;
+    KeyMap<KeySet> seen;
 };
 
 // A row may carry several columns of either kind: columns are taken from the left until they name a known album and
@@ -76,7 +83,8 @@ void addMember(const Row &row, const QVector<KeyColumn> &columns, MemberLists *l
 // Every direct child of GenericAlbum may own a join table; most do not.
 QStringList Photos_DB::membershipTables(sqlite3 *db) const
 {
-    const QStringList tables = allTableNames(db);
+    QStringList tables = allTableNames(db);
+    std::sort(tables.begin(), tables.end()); // a database may have as many entities as tables, and many of both
     const int albumEntity = entities.value(genericAlbumEntity).entityNumber;
     QStringList candidates;
     for (const entityInfo &entity : entities) {
@@ -84,7 +92,7 @@ QStringList Photos_DB::membershipTables(sqlite3 *db) const
             continue;
         const QString name = QStringLiteral("Z_%1ASSETS").arg(entity.entityNumber, 0, 10);
         // Without table names (their query failed) every candidate is worth a try.
-        if (tables.isEmpty() || tables.contains(name, Qt::CaseSensitive))
+        if (tables.isEmpty() || std::binary_search(tables.cbegin(), tables.cend(), name))
             candidates.append(name);
     }
     return candidates;

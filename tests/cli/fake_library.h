@@ -27,6 +27,7 @@ public:
         albumItem &album = albums[id];
         album.id = id;
         album.kind = 2;
+        album.trashedState = 0;
         album.uuid = "ALBUM-" + QByteArray::number(id);
         album.title = title;
         album.photoIds = ids;
@@ -67,6 +68,7 @@ public:
             return true;
         *out = *found;
         out->kind = found->kind;
+        out->trashedState = found->trashedState;
         return true;
     }
     int addPhotoToAlbum(photoItem *, albumItem *) override { return -1; }

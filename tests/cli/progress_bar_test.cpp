@@ -32,6 +32,11 @@ TEST(ProgressBar, LineTellsHowManyPhotosAreWritten)
     EXPECT_EQ(writingLine(240, 240), QStringLiteral("writing  [####################]  240 of 240 photos and videos"));
 }
 
+TEST(ProgressBar, NothingToDoIsAllDone)
+{
+    EXPECT_EQ(barCells(0, 0), QStringLiteral("[####################]"));
+}
+
 TEST(ProgressBar, LineIsCutToTheTerminal)
 {
     const devicehost::Progress progress{QStringLiteral("/PhotoData/Photos.sqlite"), 1500000, 3000000};

@@ -31,7 +31,8 @@ TEST(Usage, HelpAndVersionSucceed)
 {
     const RunResult help = run({"--help"});
     EXPECT_EQ(help.code, 0);
-    for (const QString &command : readingCommands + QStringList{"show", "sample"})
+    for (const QString &command :
+         readingCommands + QStringList{"show", "thumbnail", "contact-sheet", "export", "sample"})
         EXPECT_TRUE(help.out.contains("  " + command.toUtf8() + " ")) << command.toStdString();
     EXPECT_TRUE(help.out.contains("Exit status"));
     EXPECT_TRUE(run({"photos", "--help"}).out.contains("--from-date"));
@@ -60,6 +61,12 @@ TEST(Usage, WrongLinesAreRefusedBeforeAnythingIsRead)
         {"dump", "/dev", "--csv"},
         {"info", "/dev", "/dev"},
         {"sample", "/dev", "--era", "ios1"},
+        {"thumbnail", "/dev", "1"},
+        {"thumbnail", "/dev", "-o", "x"},
+        {"contact-sheet", "/dev"},
+        {"contact-sheet", "/dev", "-o", ""},
+        {"contact-sheet", "/dev", "-o", "x", "--group", "pets"},
+        {"export", "/dev"},
     };
     for (const QStringList &line : lines) {
         SCOPED_TRACE(line.join(QChar(' ')).toStdString());
@@ -69,7 +76,8 @@ TEST(Usage, WrongLinesAreRefusedBeforeAnythingIsRead)
 
 TEST(Usage, UnknownCommandIsNamedBesideThoseThereAre)
 {
-    const char *commands = "the commands are info, albums, photos, groups, show, dump, sample";
+    const char *commands = "the commands are info, albums, photos, groups, show, thumbnail, contact-sheet, "
+                           "export, dump, sample";
     expectFailure(run({"foo"}), 2, "there is no command \"foo\"; the commands are info, albums,");
     expectFailure(run({"foo", "/dev"}), 2, commands);
     expectFailure(run({"--verbose", "foo"}), 2, "\"foo\"");
@@ -86,7 +94,8 @@ TEST(Usage, ErrorInsideACommandPointsToTheHelpOfThatCommand)
 
 TEST(Usage, HelpOfACommandLeavesOutWhatHoldsForAll)
 {
-    for (const QString &command : readingCommands + QStringList{"show", "sample"}) {
+    for (const QString &command :
+         readingCommands + QStringList{"show", "thumbnail", "contact-sheet", "export", "sample"}) {
         const RunResult help = run({command, "--help"});
         EXPECT_EQ(help.code, 0);
         EXPECT_TRUE(help.out.contains("Usage: photolib " + command.toUtf8())) << help.out.toStdString();

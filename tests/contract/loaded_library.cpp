@@ -15,6 +15,14 @@ LoadedLibrary::~LoadedLibrary()
     dlclose(handle);
 }
 
+bool LoadedLibrary::isLoaded()
+{
+    void *found = dlopen(PHOTOLIB_LIBRARY, RTLD_LAZY | RTLD_NOLOAD);
+    if (found)
+        dlclose(found);
+    return found;
+}
+
 void *LoadedLibrary::symbol(const char *decoratedName) const
 {
     return dlsym(handle, decoratedName);

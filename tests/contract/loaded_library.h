@@ -13,6 +13,9 @@ public:
     LoadedLibrary(const LoadedLibrary &) = delete;
     LoadedLibrary &operator=(const LoadedLibrary &) = delete;
 
+    /// Whether the library is in this process now.
+    static bool isLoaded();
+
     /// The address of an exported function, by its decorated name; null when it is not exported.
     void *symbol(const char *decoratedName) const;
 

@@ -2,14 +2,11 @@
 #include "exported_record.h"
 #include "handmade_device.h"
 #include "loaded_library.h"
+#include "made_library.h"
 
 #include "photolib/photolib.h"
 
-#include <sqlite3.h>
-
 #include <gtest/gtest.h>
-
-#include <QFile>
 
 // Every slot of the manager, called by its position in the table of virtual functions and not by its name. The C++
 // ABI gives the destructor two entries, so slot N is entry N + 1.
@@ -33,32 +30,9 @@ protected:
         return reinterpret_cast<Function>(table[slot + 1])(manager, arguments...);
     }
 
-    // A library with album 5 (kind 2, holding photo 7), photo 7 in the camera roll and photo 9 synced.
     void putLibraryOnDevice()
     {
-        const QString path = device.folder.filePath(QStringLiteral("made.sqlite"));
-        sqlite3 *db = nullptr;
-        ASSERT_EQ(sqlite3_open(path.toUtf8().constData(), &db), SQLITE_OK);
-        const char *sql =
-            "create table Z_METADATA(Z_VERSION, Z_UUID);"
-            "insert into Z_METADATA values(1, 'DATABASE-UUID');"
-            "create table Z_PRIMARYKEY(Z_ENT, Z_NAME, Z_SUPER, Z_MAX);"
-            "insert into Z_PRIMARYKEY values(3,'Asset',0,9),(26,'GenericAlbum',0,5),(27,'Album',26,0);"
-            "create table ZGENERICALBUM(Z_PK, Z_ENT, ZTITLE, ZKIND, ZUUID);"
-            "insert into ZGENERICALBUM values(5,27,'Trip',2,'ALBUM-UUID');"
-            "create table ZASSET(Z_PK, Z_ENT, ZFILENAME, ZDIRECTORY, ZUUID, ZWIDTH, ZHEIGHT, ZKIND, ZTHUMBNAILINDEX,"
-            " ZORIENTATION, ZDATECREATED, ZMODIFICATIONDATE);"
-            "insert into ZASSET values(7,3,'IMG_0007.JPG','DCIM/100APPLE','PHOTO-7',4,3,0,-1,1,10,20),"
-            "(9,3,'IMG_0009.JPG','Photos/Trip','PHOTO-9',4,3,0,-1,1,10,20);"
-            "create table ZADDITIONALASSETATTRIBUTES(Z_PK, ZORIGINALFILESIZE);"
-            "create table Z_27ASSETS(Z_27ALBUMS, Z_3ASSETS);"
-            "insert into Z_27ASSETS values(5,7);";
-        char *error = nullptr;
-        ASSERT_EQ(sqlite3_exec(db, sql, nullptr, nullptr, &error), SQLITE_OK) << error;
-        sqlite3_close(db);
-        QFile file(path);
-        ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-        host.deviceFiles.insert("/PhotoData/Photos.sqlite", file.readAll());
+        host.deviceFiles.insert("/PhotoData/Photos.sqlite", makeLibrary(device.folder.path()));
     }
 
     ContractHost host;
@@ -125,6 +99,87 @@ TEST_F(ManagerTable, AnswersQueriesOfAnOpenLibrary)
     EXPECT_EQ((call<QStringList, int>(19, 25)), QStringList(QStringLiteral("0")));
     const QString key = QStringLiteral("0");
     EXPECT_EQ((call<photoGroup, int, const QString &>(20, 28, key).assetIds), QList<qint64>({9}));
+}
+
+TEST_F(ManagerTable, EditsAnOpenLibrary)
+{
+    putLibraryOnDevice();
+    ASSERT_TRUE(call<bool>(1));
+    host.log.clear();
+    Exported<albumItem> album(albumMembers);
+    album->title = QStringLiteral("New");
+    album->trashedState = 0;
+    EXPECT_EQ((call<int, albumItem *>(15, album.get())), 0);
+    EXPECT_EQ(album->id, 6);
+    EXPECT_EQ(album->kind, 1550);
+    EXPECT_EQ(album->entity, 26);
+    EXPECT_EQ(album->uuid.size(), 16);
+    Exported<photoItem> photo(photoMembers);
+    EXPECT_EQ((call<int, photoItem *, albumItem *>(13, photo.get(), album.get())), 0);
+    EXPECT_EQ(photo->id, 10);
+    EXPECT_EQ(photo->entity, 3);
+    EXPECT_EQ(album->photoIds, QList<qint64>({10}));
+    EXPECT_EQ((call<int, photoItem *, const qint64 *>(14, photo.get(), &albumId)), 0);
+    EXPECT_EQ((call<QList<qint64>>(6)), QList<qint64>({7, 9, 10}));
+
+    album->title = QStringLiteral("Renamed");
+    EXPECT_EQ((call<int, albumItem *>(17, album.get())), 0);
+    EXPECT_TRUE((call<bool, const qint64 *, albumItem *>(12, &albumId, album.get())));
+    EXPECT_EQ(album->photoIds, QList<qint64>({7, 10}));
+    const qint64 created = 6;
+    EXPECT_TRUE((call<bool, const qint64 *, albumItem *>(12, &created, album.get())));
+    EXPECT_EQ(album->title, QStringLiteral("Renamed"));
+    EXPECT_EQ((call<int, const qint64 *>(16, &created)), 0);
+    EXPECT_EQ((call<int, const qint64 *>(16, &albumId)), 0) << "refused, and not told";
+    EXPECT_EQ((call<QList<qint64>>(11)), QList<qint64>({5}));
+
+    const qint64 synced = 9;
+    EXPECT_EQ((call<int, const qint64 *>(18, &synced)), 0);
+    EXPECT_EQ((call<QList<qint64>>(6)), QList<qint64>({7, 10}));
+    const QString key = QStringLiteral("0");
+    EXPECT_TRUE((call<photoGroup, int, const QString &>(20, 28, key).assetIds.isEmpty()));
+    EXPECT_TRUE(host.log.isEmpty());
+}
+
+TEST_F(ManagerTable, ReadsThumbnailsAndFilesOfAnOpenLibrary)
+{
+    putLibraryOnDevice();
+    host.deviceFiles.insert("/PhotoData/Thumbnails/V2/DCIM/100APPLE/IMG_0007.JPG/5003.JPG", "THUMBNAIL");
+    host.deviceFiles.insert("/DCIM/100APPLE/IMG_0007.JPG", "FILE");
+    ASSERT_TRUE(call<bool>(1));
+    host.log.clear();
+    const int devicePathSlot = 16;
+    device.calls[devicePathSlot] = 0;
+    QByteArray bytes("before");
+    EXPECT_EQ((call<int, const qint64 *, QByteArray *>(8, &id, &bytes)), 0);
+    EXPECT_EQ(bytes, QByteArray("THUMBNAIL"));
+    EXPECT_EQ(device.calls[devicePathSlot], 2);
+    EXPECT_EQ((call<int, const qint64 *, QByteArray *>(9, &id, &bytes)), 1);
+    EXPECT_EQ(bytes, QByteArray("FILE"));
+    EXPECT_EQ(device.calls[devicePathSlot], 3);
+
+    const qint64 without = 9;
+    EXPECT_EQ((call<int, const qint64 *, QByteArray *>(8, &without, &bytes)), -1);
+    EXPECT_EQ((call<int, const qint64 *, QByteArray *>(9, &without, &bytes)), 0);
+    EXPECT_EQ(bytes, QByteArray("FILE"));
+    EXPECT_EQ(host.openHandles, 0);
+    EXPECT_EQ(host.log, QStringList(QStringLiteral("PHOTOLIB 1 This is a newly added photo?")));
+}
+
+TEST_F(ManagerTable, CutsAThumbnailOutOfAContainer)
+{
+    QByteArray sqlite = makeLibrary(device.folder.path(), 1);
+    host.deviceFiles.insert("/PhotoData/Photos.sqlite", sqlite);
+    constexpr int frameBytes = 8192;
+    QByteArray record(frameBytes, '\x55');
+    record += QByteArray(16, '\0') + QByteArray::fromHex("0200000001000000") + QByteArray(4, '\0');
+    host.deviceFiles.insert("/PhotoData/Thumbnails/3309.ithmb", QByteArray(record.size(), '\0') + record);
+    ASSERT_TRUE(call<bool>(1));
+    QByteArray bytes;
+    EXPECT_EQ((call<int, const qint64 *, QByteArray *>(8, &id, &bytes)), 0);
+    EXPECT_EQ(bytes.left(6).toHex(), QByteArray("424d3e000000"));
+    EXPECT_EQ(bytes.mid(54).toHex(), QByteArray("a850a8a850a80000"));
+    EXPECT_EQ(host.openHandles, 0);
 }
 
 TEST_F(ManagerTable, CancelLastsUntilTheNextOpening)

@@ -23,6 +23,9 @@ void addPhotosCommand(CLI::App &app, Action &action);
 void addGroupsCommand(CLI::App &app, Action &action);
 void addShowCommand(CLI::App &app, Action &action);
 void addDumpCommand(CLI::App &app, Action &action);
+void addThumbnailCommand(CLI::App &app, Action &action);
+void addContactSheetCommand(CLI::App &app, Action &action);
+void addExportCommand(CLI::App &app, Action &action);
 void addSampleCommand(CLI::App &app, Action &action);
 
 } // namespace photocli

@@ -6,8 +6,7 @@
 #include "apps/cli/media_type.h"
 #include "apps/cli/output/value_text.h"
 #include "apps/cli/selection/album_lookup.h"
-
-#include <QSet>
+#include "apps/cli/selection/id_set.h"
 
 #include <algorithm>
 #include <limits>
@@ -37,7 +36,7 @@ void addPhoto(LibrarySummary &summary, const photoItem &photo)
 CategoryCount countCategory(photo_manager_int &library, const Category &category)
 {
     CategoryCount count{&category};
-    QSet<qint64> photos;
+    IdSet photos;
     for (const QString &key : library.getGroupKeys(category.code)) {
         ++count.groups;
         for (const qint64 id : library.getPhotoGroup(category.code, key).assetIds)

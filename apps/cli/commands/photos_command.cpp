@@ -3,6 +3,7 @@
 #include "apps/cli/media_type.h"
 #include "apps/cli/messages.h"
 #include "apps/cli/options/selection_options.h"
+#include "apps/cli/output/photo_text.h"
 #include "apps/cli/output/table.h"
 #include "apps/cli/output/text.h"
 #include "apps/cli/output/value_text.h"
@@ -19,40 +20,13 @@ struct PhotosOptions : DeviceOptions, FormatOptions {
     SelectionOptions selection;
 };
 
-QString marksOf(const photoItem &photo)
-{
-    QStringList marks;
-    if (photo.favorite == 1)
-        marks += QStringLiteral("favorite");
-    if (photo.hidden != 0)
-        marks += QStringLiteral("hidden");
-    if (photo.trashedState == 1)
-        marks += QStringLiteral("deleted");
-    return marks.join(QChar(','));
-}
-
-QString durationText(qint32 seconds)
-{
-    if (seconds <= 0)
-        return {};
-    const QString rest = QString::number(seconds % 60).rightJustified(2, QChar('0'));
-    if (seconds < 3600)
-        return QStringLiteral("%1:%2").arg(seconds / 60).arg(rest);
-    const QString minutes = QString::number(seconds / 60 % 60).rightJustified(2, QChar('0'));
-    return QStringLiteral("%1:%2:%3").arg(seconds / 3600).arg(minutes, rest);
-}
-
 QStringList cellsOf(const photoItem &photo)
 {
     const QString file = photo.directory.isEmpty() ? photo.fileName : photo.directory + QChar('/') + photo.fileName;
-    return {QString::number(photo.id),
-            localDateText(photo.dateCreated),
-            mediaTypeName(photo.mediaType),
-            QStringLiteral("%1x%2").arg(photo.width).arg(photo.height),
-            durationText(photo.duration),
-            humanSize(photo.fileSize),
-            marksOf(photo),
-            file};
+    return {QString::number(photo.id),       localDateText(photo.dateCreated),
+            mediaTypeName(photo.mediaType),  QStringLiteral("%1x%2").arg(photo.width).arg(photo.height),
+            durationText(photo.duration),    humanSize(photo.fileSize),
+            marksOf(photo).join(QChar(',')), file};
 }
 
 QList<Column> columnsFor(photo_manager_int &library)

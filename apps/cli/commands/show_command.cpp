@@ -6,9 +6,11 @@
 #include "apps/cli/messages.h"
 #include "apps/cli/output/labelled_line.h"
 #include "apps/cli/selection/album_lookup.h"
-#include "apps/cli/selection/selection.h"
+#include "apps/cli/selection/photo_lookup.h"
 
 #include <CLI/CLI.hpp>
+
+#include <QMap>
 
 namespace photocli
 {
@@ -26,9 +28,9 @@ struct Membership {
     QVector<photoGroup> groups;
 };
 
-QHash<qint64, Membership> membershipsOf(photo_manager_int &library, const QList<qint64> &photos)
+QMap<qint64, Membership> membershipsOf(photo_manager_int &library, const QList<qint64> &photos)
 {
-    QHash<qint64, Membership> result;
+    QMap<qint64, Membership> result;
     for (const qint64 albumId : library.getAlbumList()) {
         albumItem album = albumOf(library, albumId);
         const QList<qint64> ids = album.photoIds;
@@ -121,22 +123,6 @@ void printJson(Json &json, const photoItem &photo, const Membership &membership)
     json.endObject();
 }
 
-// The ids of all photos that `text` names: one by its number, or those with that UUID.
-QList<qint64> photosNamed(photo_manager_int &library, const QString &text)
-{
-    bool isNumber = false;
-    const qint64 number = text.toLongLong(&isNumber);
-    photoItem photo;
-    if (isNumber && library.getPhotoItem(&number, &photo))
-        return {number};
-    QList<qint64> ids;
-    for (const qint64 id : library.getPhotoList()) {
-        if (library.getPhotoItem(&id, &photo) && sameUuid(photo.uuid, text))
-            ids += id;
-    }
-    return ids;
-}
-
 // Tells of the names that stand for no photo.
 QList<qint64> findPhotos(photo_manager_int &library, const std::vector<std::string> &names, ExitCode &result)
 {
@@ -147,8 +133,7 @@ QList<qint64> findPhotos(photo_manager_int &library, const std::vector<std::stri
         photos += ids;
         if (!ids.isEmpty())
             continue;
-        printError(QStringLiteral("no photo has the id or UUID %1; \"photolib photos DEVICE\" lists the ids")
-                       .arg(quoted(text)));
+        printError(noSuchPhoto(text));
         result = ExitSomeFailed;
     }
     return photos;
@@ -156,7 +141,7 @@ QList<qint64> findPhotos(photo_manager_int &library, const std::vector<std::stri
 
 void printPhotos(photo_manager_int &library, const QList<qint64> &photos, bool asJson, Output &out)
 {
-    const QHash<qint64, Membership> memberships = membershipsOf(library, photos);
+    const QMap<qint64, Membership> memberships = membershipsOf(library, photos);
     Json json(out);
     if (asJson)
         json.beginArray();

@@ -8,12 +8,14 @@
 #include <cerrno>
 #include <cstring>
 #include <unistd.h>
+#include <utility>
 
 namespace photocli
 {
 
-Output::Output(int descriptor)
-    : fd(descriptor), terminal(::isatty(descriptor) == 1), buffer(std::make_unique<char[]>(capacity))
+Output::Output(int descriptor, QString name)
+    : fd(descriptor), title(std::move(name)), terminal(::isatty(descriptor) == 1),
+      buffer(std::make_unique<char[]>(capacity))
 {
 }
 
@@ -48,9 +50,9 @@ void Output::finish()
 {
     flush();
     if (error != 0 && error != EPIPE && error != EINTR)
-        throw Failure{ExitOutputFailed, QStringLiteral("standard output cannot be written: %1; free some space or "
+        throw Failure{ExitOutputFailed, QStringLiteral("%1 cannot be written: %2; free some space or "
                                                        "write to another place")
-                                            .arg(QString::fromLocal8Bit(std::strerror(error)))};
+                                            .arg(title, QString::fromLocal8Bit(std::strerror(error)))};
 }
 
 } // namespace photocli

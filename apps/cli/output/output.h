@@ -15,8 +15,8 @@ namespace photocli
 class Output
 {
 public:
-    /// Does not own `descriptor`. The default is standard output.
-    explicit Output(int descriptor = 1);
+    /// Does not own `descriptor`. `name` is what messages call it.
+    explicit Output(int descriptor = 1, QString name = QStringLiteral("standard output"));
 
     /// Does not flush: finish() does, and reports.
     ~Output() = default;
@@ -50,6 +50,7 @@ public:
 
 private:
     int fd;
+    QString title;
     bool terminal;
     int error = 0; ///< errno of the first failed write
     static constexpr size_t capacity = 64 * 1024;

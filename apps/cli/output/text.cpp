@@ -146,4 +146,9 @@ QString humanSize(qint64 bytes)
     return QString::number(value, 'f', 1) + QChar(' ') + QLatin1String(units[unit]);
 }
 
+QString counted(qint64 count, const char *one, const char *more)
+{
+    return QStringLiteral("%1 %2").arg(count).arg(QLatin1String(count == 1 ? one : more));
+}
+
 } // namespace photocli

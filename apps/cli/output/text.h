@@ -26,6 +26,9 @@ QByteArray uuidText(const QByteArray &uuid);
 /// A size in bytes for people, such as "3.4 MB".
 QString humanSize(qint64 bytes);
 
+/// A number of things, such as "1 file" or "2 files".
+QString counted(qint64 count, const char *one, const char *more);
+
 } // namespace photocli
 
 #endif

@@ -42,7 +42,7 @@ void Selection::resolveAlbums()
         candidates = library.getPhotoList();
         return;
     }
-    QSet<qint64> seen;
+    IdSet seen;
     for (const QString &name : qAsConst(request.albums)) {
         for (const albumItem &album : findAlbums(library, name)) {
             for (const qint64 id : album.photoIds) {

@@ -2,9 +2,9 @@
 #define APPS_CLI_SELECTION_SELECTION_H
 
 #include "apps/cli/selection/group_name.h"
+#include "apps/cli/selection/id_set.h"
 #include "photolib/photolib.h"
 
-#include <QSet>
 #include <QVector>
 
 #include <functional>
@@ -52,8 +52,8 @@ private:
     photo_manager_int &library;
     SelectionRequest request;
     QList<qint64> candidates;
-    QSet<qint64> inGroups;
-    QSet<qint64> named; ///< by UUID
+    IdSet inGroups;
+    IdSet named; ///< by UUID
 };
 
 /// Whether two UUIDs are the same but for upper and lower case.

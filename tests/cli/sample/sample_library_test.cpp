@@ -5,6 +5,7 @@
 
 #include <QDir>
 #include <QFileInfo>
+#include <QImage>
 #include <QMap>
 #include <gtest/gtest.h>
 
@@ -45,24 +46,6 @@ int sizeOfGroups(photo_manager_int *manager, int category)
     for (const QString &key : manager->getGroupKeys(category))
         size += manager->getPhotoGroup(category, key).assetIds.size();
     return size;
-}
-
-// Whether the device holds a thumbnail of the photo as a file of its own.
-bool hasThumbnailFile(const QDir &device, const photoItem &photo)
-{
-    const QString path = photo.directory + QLatin1Char('/') + photo.fileName;
-    const QString stem = path.left(path.lastIndexOf(QLatin1Char('.')));
-    const QStringList candidates = {
-        QStringLiteral("V2/") + path + QStringLiteral("/5005.JPG"),
-        QStringLiteral("V2/") + path + QStringLiteral("/5003.JPG"),
-        QStringLiteral("VideoKeyFrames/") + path + QStringLiteral("/LocalVideoKeyFrame.jpg"),
-        QStringLiteral("V2/") + stem + QStringLiteral(".THM"),
-    };
-    for (const QString &candidate : candidates) {
-        if (device.exists(QStringLiteral("PhotoData/Thumbnails/") + candidate))
-            return true;
-    }
-    return false;
 }
 
 } // namespace
@@ -106,23 +89,24 @@ TEST(SampleLibrary, EveryPhotoHasAThumbnailAndEveryOneOnTheDeviceItsFile)
     ASSERT_TRUE(sample.folder.written()) << qPrintable(sample.folder.error());
     ASSERT_TRUE(sample.manager->openLibrary()) << qPrintable(sample.host.failure());
     const QDir device(sample.folder.root());
-    const qint64 frames = QFileInfo(device.filePath(QStringLiteral("PhotoData/Thumbnails/4031.ithmb"))).size() / 28828;
     const QMap<qint64, qint64> sizes = sizesBy(sample.folder, "ZASSET");
     int fromContainers = 0, fromFiles = 0;
     for (const qint64 id : sample.manager->getPhotoList()) {
         photoItem photo;
         ASSERT_TRUE(sample.manager->getPhotoItem(&id, &photo));
-        if (hasThumbnailFile(device, photo)) {
-            ++fromFiles;
-        } else {
-            EXPECT_TRUE(photo.thumbnailIndex >= 0 && photo.thumbnailIndex < frames) << qPrintable(photo.fileName);
-            ++fromContainers;
-        }
+        QByteArray thumbnail;
+        EXPECT_EQ(sample.manager->getThumbnail(&id, &thumbnail), 0) << qPrintable(photo.fileName);
+        EXPECT_FALSE(QImage::fromData(thumbnail).isNull()) << qPrintable(photo.fileName);
+        (thumbnail.startsWith("BM") ? fromContainers : fromFiles)++;
         const QFileInfo file(device.filePath(photo.directory + QLatin1Char('/') + photo.fileName));
         const bool inCloud = photo.fileName.endsWith(QLatin1String(".HEIC"));
         EXPECT_EQ(file.exists(), !inCloud) << qPrintable(photo.fileName);
+        QByteArray content;
+        EXPECT_EQ(sample.manager->readPhotoFile(&id, &content), inCloud ? 0 : 1) << qPrintable(photo.fileName);
         if (!inCloud) {
-            EXPECT_EQ(file.size(), sizes.value(id)) << qPrintable(photo.fileName);
+            EXPECT_EQ(content.size(), sizes.value(id)) << qPrintable(photo.fileName);
+            EXPECT_TRUE(content == sample.folder.read(photo.directory + QLatin1Char('/') + photo.fileName))
+                << qPrintable(photo.fileName);
         }
     }
     EXPECT_GT(fromContainers, 30);

@@ -96,6 +96,24 @@ TEST_F(DeviceHostTest, LocalFoldersGoWithTheHost)
     EXPECT_EQ(contentOf(folder.filePath(QStringLiteral("kept/file"))), "kept");
 }
 
+TEST_F(DeviceHostTest, LocalFoldersCanBeDiscardedWhileTheyAreUsed)
+{
+    DeviceHost host(name());
+    const QString local = host.localDataFolder();
+    writeFile(local + QStringLiteral("Photos.sqlite"), "copy");
+    host.localDataFolder();
+    const Device device(vDevOpen(VDevLocal, ""));
+    const File file(vFileOpen(device.get(), (local + QStringLiteral("Photos.sqlite-wal")).toUtf8().constData(), 1));
+    ASSERT_NE(file, nullptr);
+    std::thread([&host] { host.discardLocalData(); }).join();
+    EXPECT_TRUE(QDir(temporary.path()).isEmpty());
+    EXPECT_EQ(vFileWrite(file.get(), "copy", 4), 4);
+    EXPECT_NE(host.localDataFolder(), local);
+    EXPECT_FALSE(QDir(temporary.path()).isEmpty());
+    host.discardLocalData();
+    EXPECT_TRUE(QDir(temporary.path()).isEmpty());
+}
+
 TEST_F(DeviceHostTest, WithoutAPrivateFolderNothingIsCopied)
 {
     qputenv("TMPDIR", folder.filePath(QStringLiteral("none")).toUtf8());

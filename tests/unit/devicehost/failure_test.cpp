@@ -4,6 +4,7 @@
 
 #include "devicehost/device_host.h"
 #include "devicehost/host_state.h"
+#include "devicehost/sql_limits.h"
 #include "devicehost/vdev/backend.h"
 
 #include <QDir>
@@ -13,10 +14,12 @@
 
 #include <sys/resource.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <cerrno>
 #include <csignal>
+#include <thread>
 
 using devicehost::DeviceHost;
 
@@ -92,6 +95,23 @@ TEST_F(Failure, AFileThatMayNotBeReadIsOne)
     });
     EXPECT_EQ(failure.toStdString(), "/PhotoData/Photos.sqlite on the device cannot be opened: Permission denied; make "
                                      "it readable for you, or mount the device as your own user");
+}
+
+TEST_F(Failure, ADatabaseFileLargerThanAnyIsOne)
+{
+    for (const char *file : {sharedMemory, writeAheadLog, database}) {
+        writeFile(path(file), "");
+        ASSERT_EQ(::truncate(path(file).toUtf8().constData(), devicehost::largestDatabaseFile), 0);
+        EXPECT_NE(File(vFileOpen(device().get(), file, 0)), nullptr);
+        ASSERT_EQ(::truncate(path(file).toUtf8().constData(), devicehost::largestDatabaseFile + 1), 0);
+        EXPECT_EQ(vFileOpen(device().get(), file, 0), nullptr) << file;
+    }
+    EXPECT_EQ(host.failure().toStdString(), "/PhotoData/Photos.sqlite-wal on the device cannot be opened: it is larger "
+                                            "than any photo library; unlock the device, connect it again, and mount or "
+                                            "copy it again");
+    writeFile(path("/DCIM/film"), "");
+    ASSERT_EQ(::truncate(path("/DCIM/film").toUtf8().constData(), devicehost::largestDatabaseFile + 1), 0);
+    EXPECT_NE(File(vFileOpen(device().get(), "/DCIM/film", 0)), nullptr);
 }
 
 TEST_F(Failure, TheFirstOneIsKept)
@@ -235,6 +255,41 @@ TEST_F(BrokenFile, AnInterruptedReadEndsWhenStopIsAskedFor)
     char byte = 0;
     state->requestStop();
     EXPECT_LT(vFileRead(file.get(), &byte, 1), 0);
+    EXPECT_TRUE(state->failure().isEmpty());
+}
+
+// A gigabyte that comes slowly; the request to stop comes while its fifth piece is on the way.
+struct SlowFile final : VFile {
+    explicit SlowFile(devicehost::HostState &state) : host(state) {}
+
+    qint64 read(char *buffer, qint64 size, Error *) override
+    {
+        EXPECT_FALSE(host.stopRequested()) << "a piece was begun after the request";
+        EXPECT_LE(size, 128 * 1024);
+        std::this_thread::sleep_for(std::chrono::milliseconds(1));
+        std::fill_n(buffer, size, 'x');
+        if (++pieces == 5)
+            std::thread([this] { host.requestStop(); }).join();
+        return size;
+    }
+    qint64 seek(qint64, int) override { return -1; }
+    qint64 tell() override { return -1; }
+    qint64 size() const override { return 1 << 30; }
+
+    devicehost::HostState &host;
+    int pieces = 0;
+};
+
+TEST_F(BrokenFile, ASlowReadEndsWithThePieceInWhichStopIsAskedFor)
+{
+    auto *const slow = new SlowFile(*state);
+    const File file(slow);
+    file->watch = devicehost::FileWatch::onDevice(state, database);
+    QByteArray buffer(4194304, '\0');
+    EXPECT_LT(vFileRead(file.get(), buffer.data(), buffer.size()), 0);
+    EXPECT_EQ(slow->pieces, 5);
+    EXPECT_LT(vFileRead(file.get(), buffer.data(), buffer.size()), 0);
+    EXPECT_EQ(slow->pieces, 5);
     EXPECT_TRUE(state->failure().isEmpty());
 }
 

@@ -120,6 +120,11 @@ TEST(CurrentLibraryUuid, OtherKeysAroundItDoNotMatter)
               QByteArray("U"));
 }
 
+TEST(CurrentLibraryUuid, ValueEndsAtItsFirstZeroCharacter)
+{
+    EXPECT_EQ(readOver(markerNaming(QByteArray("AB\0CD", 5))), "AB");
+}
+
 TEST(CurrentLibraryUuid, EmptyValueReplacesWhatWasKnown)
 {
     EXPECT_EQ(readOver(markerNaming("")), QByteArray(""));

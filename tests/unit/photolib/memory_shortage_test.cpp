@@ -96,3 +96,82 @@ TEST_P(ShortMemory, FailsTheOpeningAndLeavesTheManagerUsable)
     log.takeAll();
     releasePhotolib(&manager);
 }
+
+namespace
+{
+
+/// Asks for one allocation of a size that only a new record has to fail, during the next edit.
+class ShortMemoryOfEdits : public testing::Test
+{
+protected:
+    ShortMemoryOfEdits()
+    {
+        testkit::LibraryBuilder builder(testkit::Era::Ios15);
+        builder.addAsset();
+        device.addFile("/PhotoData/Photos.sqlite", builder.bytes(testkit::WalMode::None).database);
+        EXPECT_TRUE(manager->openLibrary());
+        log.takeAll();
+    }
+    ~ShortMemoryOfEdits() override { releasePhotolib(&manager); }
+
+    testkit::LogRecorder log;
+    testkit::FakeDevice device;
+    photo_manager_int *manager = getPhotolib(&device);
+};
+
+} // namespace
+
+TEST_F(ShortMemoryOfEdits, APhotoStaysANewOneAndItsKeyIsUsedUp)
+{
+    const qint64 noAlbum = 0;
+    photoItem photo;
+    photo.uuid = "mine";
+    refusedSize = sizeof(assetRecord);
+    EXPECT_EQ(manager->addPhoto(&photo, &noAlbum), -1);
+    EXPECT_EQ(refusedSize, 0U);
+    EXPECT_EQ(photo.id, 0);
+    EXPECT_EQ(photo.entity, 27);
+    EXPECT_EQ(photo.uuid, QByteArray("mine"));
+    EXPECT_EQ(manager->getPhotoList(), QList<qint64>{1});
+    EXPECT_EQ(manager->addPhoto(&photo, &noAlbum), 0);
+    EXPECT_EQ(photo.id, 3);
+    EXPECT_EQ(manager->getPhotoList(), (QList<qint64>{1, 3}));
+}
+
+TEST_F(ShortMemoryOfEdits, AnAlbumIsNotMadeAndItsKeyIsUsedUp)
+{
+    const QList<qint64> before = manager->getAlbumList();
+    albumItem album;
+    album.trashedState = 0;
+    refusedSize = sizeof(albumRecord);
+    EXPECT_EQ(manager->createAlbum(&album), -1);
+    EXPECT_EQ(refusedSize, 0U);
+    EXPECT_EQ(manager->getAlbumList(), before);
+    EXPECT_EQ(manager->createAlbum(&album), 0);
+    EXPECT_EQ(album.id, before.last() + 2);
+    EXPECT_EQ(manager->getAlbumCount(), before.size() + 1);
+}
+
+TEST(ThumbnailInShortMemory, WithoutMemoryForTheFrameFailsAndClosesItsContainer)
+{
+    constexpr int frameBytes = 8192;
+    testkit::LibraryBuilder builder(testkit::Era::Ios15);
+    const qint64 photo = builder.addAsset();
+    testkit::FakeDevice device;
+    device.addFile("/PhotoData/Photos.sqlite", builder.bytes(testkit::WalMode::None).database);
+    device.addFile("/PhotoData/Thumbnails/3309.ithmb", QByteArray(frameBytes + 28, '\0'));
+    testkit::LogRecorder log;
+    photo_manager_int *manager = getPhotolib(&device);
+    EXPECT_TRUE(manager->openLibrary());
+    log.takeAll();
+
+    QByteArray out = "untouched";
+    refusedSize = frameBytes + 28;
+    EXPECT_EQ(manager->getThumbnail(&photo, &out), -1);
+    EXPECT_EQ(refusedSize, 0U) << "the frame was not asked of the heap";
+    EXPECT_EQ(out, QByteArray("untouched"));
+    EXPECT_EQ(device.openHandles(), QStringList());
+    EXPECT_EQ(manager->getThumbnail(&photo, &out), 0);
+    EXPECT_EQ(out.size(), 9 + 54);
+    releasePhotolib(&manager);
+}

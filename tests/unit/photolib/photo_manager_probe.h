@@ -15,11 +15,28 @@ struct PhotoManagerProbe {
     QSemaphore &busySemaphore() { return manager.busySemaphore; }
     QMutex &editMutex() { return manager.editMutex; }
     QMutex &uuidMutex() { return manager.uuidMutex; }
+    std::atomic<bool> &cancelRequested() { return manager.cancelRequested; }
+    ithmbGeometry &containerGeometry() { return manager.ithmbGeometry; }
     const QDateTime &referenceDate() { return manager.referenceDate; }
     Photos_DB *reader() { return manager.photosDb; }
 
     /// Gives the manager a reader, which it owns from now on. It must have none yet.
     void setReader(Photos_DB *reader) { manager.photosDb = reader; }
+
+    /// Takes the reader away, as if no library had been opened. The caller owns it, and may give it back.
+    Photos_DB *takeReader()
+    {
+        Photos_DB *reader = manager.photosDb;
+        manager.photosDb = nullptr;
+        return reader;
+    }
+
+    static VFile *openIthmbFile(ithmbGeometry *geometry, VDev *device)
+    {
+        return photo_manager::openIthmbFile(geometry, device);
+    }
+
+    QByteArray generateUuid() { return manager.generateUuid(); }
 
     void buildModel() { manager.buildModel(); }
     void addAssetToGroup(int category, const assetRecord &asset, const QString &key, bool setCover)

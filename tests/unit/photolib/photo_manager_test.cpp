@@ -2,6 +2,7 @@
 #include "tests/unit/photolib/photo_manager_probe.h"
 
 #include "testing/log_recorder.h"
+#include "testing/patience.h"
 
 #include <QTextCodec>
 
@@ -12,8 +13,10 @@
 #include <future>
 #include <thread>
 
+using testkit::comesTrue;
 using testkit::Era;
 using testkit::FakeDevice;
+using testkit::isReady;
 using testkit::LibraryBuilder;
 using testkit::LogRecorder;
 using testkit::Operation;
@@ -21,28 +24,6 @@ using testkit::OperationKind;
 
 namespace
 {
-
-// Long enough for another thread to do something wrong. A test never fails for want of time: what it waits for must
-// not happen at all.
-constexpr std::chrono::milliseconds opportunity(100);
-
-/// Waits for what another thread does. Gives up only to report a failure instead of hanging.
-bool comesTrue(const std::function<bool()> &condition)
-{
-    const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(30);
-    while (!condition()) {
-        if (std::chrono::steady_clock::now() > end)
-            return false;
-        std::this_thread::yield();
-    }
-    return true;
-}
-
-template <typename Result>
-bool isReady(std::future<Result> &future)
-{
-    return future.wait_for(opportunity) == std::future_status::ready;
-}
 
 class OpenedManager : public testing::Test
 {

@@ -1,0 +1,153 @@
+#include "exporter/name_allocation.h"
+
+#include "exporter/errors.h"
+#include "exporter/safe_name.h"
+
+namespace exporter
+{
+
+namespace
+{
+
+// Some tens of megabytes at most.
+constexpr std::size_t listingLimit = 1'000;
+constexpr std::size_t namesLimit = 100'000;
+constexpr std::size_t basesLimit = 50'000;
+constexpr int numberLimit = 1'000'000;
+
+QString numberedStem(const QString &base, int number)
+{
+    return number == 0 ? base : QStringLiteral("%1 (%2)").arg(base, QString::number(number));
+}
+
+} // namespace
+
+NameAllocation::Listing &NameAllocation::listingOf(const QString &folder)
+{
+    const auto known = listings.find(folder);
+    if (known != listings.end())
+        return known->second;
+    if (listings.size() >= listingLimit || listedNames > namesLimit) {
+        listings.clear();
+        listedNames = 0;
+    }
+    Listing listing;
+    const QStringList names = destination.names(folder);
+    for (const QString &name : names)
+        listing.emplace(foldedName(name), name);
+    listedNames += listing.size();
+    return listings.emplace(folder, std::move(listing)).first->second;
+}
+
+void NameAllocation::add(const QString &path)
+{
+    const auto known = listings.find(folderOf(path));
+    if (known != listings.end())
+        listedNames += known->second.emplace(foldedName(nameOf(path)), nameOf(path)).second ? 1U : 0U;
+}
+
+void NameAllocation::refuse(const QString &path)
+{
+    refused.insert(foldedName(path));
+}
+
+bool NameAllocation::isRefused(const QString &path) const
+{
+    return !refused.empty() && refused.count(foldedName(path)) != 0;
+}
+
+bool NameAllocation::hasOtherFileOf(const QString &stemPath)
+{
+    const Listing &listing = listingOf(folderOf(stemPath));
+    const QString stem = foldedName(nameOf(stemPath));
+    const QString start = stem + QLatin1Char('.');
+    for (auto name = listing.lower_bound(start); name != listing.end() && name->first.startsWith(start); ++name) {
+        if (stemOf(name->first) == stem)
+            return true;
+    }
+    return false;
+}
+
+bool NameAllocation::fits(const QString &stemPath, const std::vector<QString> &endings, const SameContent &same,
+                          std::vector<bool> *adopted)
+{
+    const Listing &listing = listingOf(folderOf(stemPath));
+    adopted->assign(endings.size(), false);
+    for (std::size_t index = 0; index < endings.size(); ++index) {
+        const QString path = stemPath + endings[index];
+        if (record.isPathTaken(path) || record.isEntryPathTaken(path) || isRefused(path))
+            return false;
+        const auto existing = listing.find(foldedName(nameOf(path)));
+        if (existing == listing.end())
+            continue;
+        const auto found = existing->second == nameOf(path) ? destination.stat(path) : std::nullopt;
+        if (!found || !found->regular || !same(index, path, found->size))
+            return false;
+        (*adopted)[index] = true;
+    }
+    return true;
+}
+
+bool NameAllocation::isFree(Choice &choice, const std::vector<QString> &endings, const SameContent &same)
+{
+    if (!fits(choice.stemPath, endings, same, &choice.adopted))
+        return false;
+    bool anyAdopted = false;
+    for (const bool adopted : choice.adopted)
+        anyAdopted = anyAdopted || adopted;
+    return anyAdopted || !hasOtherFileOf(choice.stemPath);
+}
+
+NameAllocation::Numbers &NameAllocation::numbersOf(const QString &base)
+{
+    if (numbers.size() >= basesLimit)
+        numbers.clear();
+    return numbers[foldedName(base)];
+}
+
+NameAllocation::Choice NameAllocation::choose(const Place &place, const std::vector<QString> &endings,
+                                              const SameContent &same)
+{
+    const QString base = (place.folders + QStringList{place.stem}).join(QLatin1Char('/'));
+    Numbers &known = numbersOf(base);
+    Choice choice;
+    for (auto open = known.open.begin(); open != known.open.end();) {
+        choice.stemPath = numberedStem(base, *open);
+        if (record.isStemTaken(choice.stemPath)) {
+            open = known.open.erase(open);
+            continue;
+        }
+        if (isFree(choice, endings, same))
+            return choice;
+        ++open;
+    }
+    while (known.next < numberLimit) {
+        const int number = known.next++;
+        choice.stemPath = numberedStem(base, number);
+        if (record.isStemTaken(choice.stemPath))
+            continue;
+        known.open.insert(number); // whoever asked may not take it
+        if (isFree(choice, endings, same))
+            return choice;
+    }
+    throw FileProblem(QStringLiteral("no free name is left for %1").arg(base));
+}
+
+void NameAllocation::giveBack(const QString &stemPath)
+{
+    const auto open = [this](const QString &base, int number) {
+        const auto known = numbers.find(foldedName(base));
+        if (known != numbers.end() && number < known->second.next)
+            known->second.open.insert(number);
+    };
+    open(stemPath, 0);
+    const int start = stemPath.lastIndexOf(QLatin1String(" ("));
+    if (start < 0 || !stemPath.endsWith(QLatin1Char(')')))
+        return;
+    bool isNumber = false;
+    const int number = stemPath.mid(start + 2, stemPath.size() - start - 3).toInt(&isNumber);
+    if (isNumber && numberedStem(stemPath.left(start), number) == stemPath)
+        open(stemPath.left(start), number);
+}
+
+} // namespace exporter

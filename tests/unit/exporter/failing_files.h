@@ -1,0 +1,83 @@
+#ifndef TESTS_UNIT_EXPORTER_FAILING_FILES_H
+#define TESTS_UNIT_EXPORTER_FAILING_FILES_H
+
+#include "exporter/file_operations.h"
+
+#include <cerrno>
+#include <functional>
+
+/// The real system calls, counted; `onCall` may have one fail by answering an errno value, or end the process.
+class FailingFiles final : public exporter::FileOperations
+{
+public:
+    enum class Call {
+        Open,
+        MakeFolder,
+        Read,
+        Write,
+        Sync,
+        SetTimes,
+        Stat,
+        StatAt,
+        StatFileSystem,
+        Link,
+        Unlink,
+        Rename
+    };
+
+    std::function<int(Call call, int number)> onCall;
+    int calls = 0;
+
+    int openAt(int folder, const char *name, int flags, mode_t mode) override
+    {
+        return allowed(Call::Open) ? FileOperations::openAt(folder, name, flags, mode) : -1;
+    }
+    int makeFolderAt(int folder, const char *name) override
+    {
+        return allowed(Call::MakeFolder) ? FileOperations::makeFolderAt(folder, name) : -1;
+    }
+    ssize_t read(int file, void *buffer, std::size_t size) override
+    {
+        return allowed(Call::Read) ? FileOperations::read(file, buffer, size) : -1;
+    }
+    ssize_t write(int file, const void *buffer, std::size_t size) override
+    {
+        return allowed(Call::Write) ? FileOperations::write(file, buffer, size) : -1;
+    }
+    int sync(int file) override { return allowed(Call::Sync) ? FileOperations::sync(file) : -1; }
+    int setTimes(int file, const timespec times[2]) override
+    {
+        return allowed(Call::SetTimes) ? FileOperations::setTimes(file, times) : -1;
+    }
+    int stat(int file, struct stat *out) override { return allowed(Call::Stat) ? FileOperations::stat(file, out) : -1; }
+    int statAt(int folder, const char *name, struct stat *out) override
+    {
+        return allowed(Call::StatAt) ? FileOperations::statAt(folder, name, out) : -1;
+    }
+    int statFileSystem(int file, struct statvfs *out) override
+    {
+        return allowed(Call::StatFileSystem) ? FileOperations::statFileSystem(file, out) : -1;
+    }
+    int linkAt(int fromFolder, const char *from, int toFolder, const char *to) override
+    {
+        return allowed(Call::Link) ? FileOperations::linkAt(fromFolder, from, toFolder, to) : -1;
+    }
+    int unlinkAt(int folder, const char *name, int flags) override
+    {
+        return allowed(Call::Unlink) ? FileOperations::unlinkAt(folder, name, flags) : -1;
+    }
+    int renameWithoutReplacing(int fromFolder, const char *from, int toFolder, const char *to) override
+    {
+        return allowed(Call::Rename) ? FileOperations::renameWithoutReplacing(fromFolder, from, toFolder, to) : -1;
+    }
+
+private:
+    bool allowed(Call call)
+    {
+        const int code = onCall ? onCall(call, ++calls) : 0;
+        errno = code;
+        return code == 0;
+    }
+};
+
+#endif
