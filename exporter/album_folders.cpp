@@ -157,32 +157,48 @@ void AlbumFolders::removeStale(const StoredAlbum &album, std::vector<Wanted> &wa
     QMap<QString, std::size_t> index;
     for (std::size_t at = 0; at < wanted.size(); ++at)
         index.insert(keyOf(wanted[at].file.id, wanted[at].prefix), at);
-    QSet<QString> leftFolders;
-    std::vector<qint64> removed;
+    std::vector<Stale> stale;
     const std::vector<StoredEntry> entries = tools.record.entries(album.id);
     for (const StoredEntry &entry : entries) {
         tools.state.requireGoOn();
         const QString prefix = nameOf(entry.path).section(QLatin1Char('_'), 0, 0) + QLatin1Char('_');
         const auto match = index.constFind(keyOf(entry.file, prefix));
         const bool asMade = isAsMade(entry);
-        if (match != index.constEnd() && asMade && folderOf(entry.path) == album.folder) {
-            wanted[*match].exists = true;
-            if (!entry.done)
-                tools.record.finishEntry(entry);
+        if (match == index.constEnd() || !asMade || folderOf(entry.path) != album.folder) {
+            stale.push_back({entry, asMade});
             continue;
         }
-        if (asMade)
-            tools.destination.remove(entry.path);
-        leftFolders.insert(folderOf(entry.path));
-        removed.push_back(entry.id);
+        wanted[*match].exists = true;
+        if (!entry.done)
+            tools.record.finishEntry(entry);
     }
-    Transaction transaction(tools.record.connection());
-    for (const qint64 entry : removed)
-        tools.record.removeEntry(entry);
-    transaction.commit();
+    removeEntries(stale);
+    QSet<QString> leftFolders;
+    for (const Stale &entry : stale)
+        leftFolders.insert(folderOf(entry.entry.path));
     leftFolders.remove(album.folder);
     for (const QString &folder : qAsConst(leftFolders))
         tools.destination.removeEmptyFolder(folder);
+}
+
+// The rows lose their state 'done' first: a run that ends in between leaves none that promises a link.
+void AlbumFolders::removeEntries(const std::vector<Stale> &stale)
+{
+    if (stale.empty())
+        return;
+    Transaction intents(tools.record.connection());
+    for (const Stale &entry : stale)
+        tools.record.reopenEntry(entry.entry.id);
+    intents.commit();
+    for (const Stale &entry : stale) {
+        tools.state.requireGoOn();
+        if (entry.asMade)
+            tools.destination.remove(entry.entry.path);
+    }
+    Transaction done(tools.record.connection());
+    for (const Stale &entry : stale)
+        tools.record.removeEntry(entry.entry.id);
+    done.commit();
 }
 
 void AlbumFolders::addMissing(const StoredAlbum &album, const std::vector<Wanted> &wanted)

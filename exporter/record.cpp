@@ -71,11 +71,20 @@ void createIn(Destination &destination)
     for (const char *companion : companions)
         destination.remove(Record::fileName() + QLatin1String(companion));
     const QByteArray name = destination.temporaryName();
-    createAt(path(destination, QString::fromLatin1(name)));
-    if (!destination.publish(name, Record::fileName()))
+    bool published = false;
+    try {
+        createAt(path(destination, QString::fromLatin1(name)));
+        published = destination.publish(name, Record::fileName());
+    } catch (...) {
+        destination.operations().unlinkAt(destination.rootFd(), name.constData(), 0);
+        throw;
+    }
+    if (!published) {
+        destination.operations().unlinkAt(destination.rootFd(), name.constData(), 0);
         throw RunEnded(
             RunEnd::DestinationRefused,
             QStringLiteral("Another program is writing to %1 at the same time.").arg(destination.rootPath()));
+    }
     destination.syncFolder(QString());
 }
 
