@@ -1,6 +1,7 @@
 #include "exporter/album_folders.h"
 
 #include "exporter/errors.h"
+#include "exporter/library_access.h"
 #include "exporter/safe_name.h"
 #include "photolib/photolib.h"
 
@@ -54,7 +55,7 @@ bool isAlbumForPeople(const albumItem &album)
 void AlbumFolders::update()
 {
     RunState &state = tools.state;
-    const QList<qint64> ids = manager.getAlbumList();
+    const QList<qint64> ids = albumsOf(manager);
     state.begin(Phase::Albums, ids.size());
     for (const qint64 id : ids) {
         state.requireGoOn();
@@ -100,7 +101,7 @@ std::vector<AlbumFolders::Wanted> AlbumFolders::wantedOf(const albumItem &album)
         tools.state.requireGoOn();
         const qint64 id = album.photoIds[position];
         photoItem photo;
-        if (seen.count(id) != 0 || !manager.getPhotoItem(&id, &photo))
+        if (seen.count(id) != 0 || !readPhoto(manager, id, &photo))
             continue;
         seen.insert(id);
         const auto set = tools.record.latestSet(tools.library.keyOf(photo));
