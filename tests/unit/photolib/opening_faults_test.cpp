@@ -79,8 +79,8 @@ protected:
 
 TEST_P(OpeningFaults, LeaveAnAnswerThatTheLogAgreesWith)
 {
-    const int fired = forEveryFault(
-        Fault(kindsOf(GetParam()), GetParam()), [this](FakeDevice &device, FaultyDevice &faulty) {
+    const int fired =
+        forEveryFault(Fault(kindsOf(GetParam()), GetParam()), [this](FakeDevice &device, FaultyDevice &faulty) {
             device.addFile("/PhotoData/Photos.sqlite", library().database);
             device.addFile("/PhotoData/Photos.sqlite-wal", library().wal);
             device.addFile("/PhotoData/Photos.sqlite-shm", library().shm);
