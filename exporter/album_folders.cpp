@@ -16,7 +16,6 @@ namespace exporter
 namespace
 {
 
-constexpr int numberLimit = 10'000;
 constexpr int longestEntryName = 240;
 
 QString albumsFolder()
@@ -24,16 +23,11 @@ QString albumsFolder()
     return QStringLiteral("Albums");
 }
 
-QString numbered(const QString &name, int number)
-{
-    return number == 0 ? name : QStringLiteral("%1 (%2)").arg(name).arg(number);
-}
-
 QString entryName(const QString &prefix, const QString &fileName, int number)
 {
     const QString extension = extensionOf(fileName);
     const QString stem = safeName(prefix + stemOf(fileName), longestEntryName);
-    return numbered(stem, number) + (extension.isEmpty() ? QString() : QLatin1Char('.') + extension);
+    return NumberedNames::numbered(stem, number) + (extension.isEmpty() ? QString() : QLatin1Char('.') + extension);
 }
 
 QString keyOf(qint64 file, const QString &prefix)
@@ -86,6 +80,7 @@ void AlbumFolders::updateAlbum(const albumItem &album)
     if (wanted.empty()) {
         tools.destination.removeEmptyFolder(place.folder);
         tools.record.removeAlbum(place.id);
+        folders.giveBack(place.folder);
         return;
     }
     addMissing(place, wanted);
@@ -126,9 +121,10 @@ StoredAlbum AlbumFolders::placeOf(const albumItem &album)
         return *known;
     Transaction transaction(tools.record.connection());
     const QString folder = freeFolder(album.title);
-    if (known)
+    if (known) {
         tools.record.moveAlbum(known->id, album.title, folder);
-    else
+        folders.giveBack(known->folder);
+    } else
         known = StoredAlbum{tools.record.addAlbum(key, album.title, folder), {}, {}};
     transaction.commit();
     return {known->id, folder, album.title};
@@ -138,13 +134,26 @@ StoredAlbum AlbumFolders::placeOf(const albumItem &album)
 // record was moved away.
 QString AlbumFolders::freeFolder(const QString &title)
 {
-    for (int number = 0; number < numberLimit; ++number) {
-        const QString folder = albumsFolder() + QLatin1Char('/') + numbered(safeName(title), number);
-        const auto found = tools.destination.stat(folder);
-        if (!tools.record.isAlbumFolderTaken(folder) && (!found || found->folder))
+    const QString name = albumsFolder() + QLatin1Char('/') + safeName(title);
+    NumberedNames::Numbers &numbers = folders.of(name);
+    while (!numbers.open.empty()) {
+        const QString folder = NumberedNames::numbered(name, *numbers.open.begin());
+        numbers.open.erase(numbers.open.begin());
+        if (isFreeFolder(folder))
+            return folder;
+    }
+    while (numbers.next < NumberedNames::numberLimit) {
+        const QString folder = NumberedNames::numbered(name, numbers.next++);
+        if (isFreeFolder(folder))
             return folder;
     }
     throw FileProblem(QStringLiteral("no free name is left for its folder"));
+}
+
+bool AlbumFolders::isFreeFolder(const QString &folder)
+{
+    const auto found = tools.destination.stat(folder);
+    return !tools.record.isAlbumFolderTaken(folder) && (!found || found->folder);
 }
 
 bool AlbumFolders::isAsMade(const StoredEntry &entry)
@@ -216,7 +225,7 @@ void AlbumFolders::addMissing(const StoredAlbum &album, const std::vector<Wanted
         }
         std::vector<StoredEntry> entries(group.size());
         for (int number = 0; !choosePaths(album.folder, entries, group, number); ++number) {
-            if (number == numberLimit)
+            if (number == NumberedNames::numberLimit)
                 throw FileProblem(QStringLiteral("no free names are left in it"));
         }
         for (std::size_t at = 0; at < group.size(); ++at) {

@@ -41,6 +41,7 @@ private:
     std::vector<Wanted> wantedOf(const albumItem &album);
     StoredAlbum placeOf(const albumItem &album);
     QString freeFolder(const QString &title);
+    bool isFreeFolder(const QString &folder);
     /// Marks those of `wanted` that exist, and removes entries that are not wanted.
     void removeStale(const StoredAlbum &album, std::vector<Wanted> &wanted);
     void removeEntries(const std::vector<Stale> &stale);
@@ -52,6 +53,7 @@ private:
 
     RunTools &tools;
     photo_manager_int &manager;
+    NumberedNames folders;
 };
 
 /// Whether people see this album on the device and it has a name.

@@ -20,13 +20,15 @@ namespace
 constexpr qint64 applicationId = 0x70684578; // "phEx"
 constexpr qint64 formatVersion = 1;
 
+// Numbers of files are never given again: links in album folders are tied to them, also to those of files that are
+// gone.
 const char *const schema = R"(
     BEGIN;
     CREATE TABLE fileset(
         id INTEGER PRIMARY KEY, photo TEXT NOT NULL, stem_path TEXT NOT NULL, folded TEXT NOT NULL UNIQUE);
     CREATE INDEX fileset_photo ON fileset(photo);
     CREATE TABLE file(
-        id INTEGER PRIMARY KEY, fileset INTEGER NOT NULL REFERENCES fileset(id), uuid BLOB NOT NULL,
+        id INTEGER PRIMARY KEY AUTOINCREMENT, fileset INTEGER NOT NULL REFERENCES fileset(id), uuid BLOB NOT NULL,
         role INTEGER NOT NULL, device_path TEXT NOT NULL, size INTEGER NOT NULL, sha256 BLOB NOT NULL,
         modified INTEGER, path TEXT NOT NULL, folded TEXT NOT NULL UNIQUE, mtime_ns INTEGER NOT NULL,
         state TEXT NOT NULL CHECK(state IN ('intent', 'done')));
