@@ -1,6 +1,7 @@
 #include "exporter/album_folders.h"
 
 #include "exporter/errors.h"
+#include "exporter/library_access.h"
 #include "exporter/safe_name.h"
 #include "photolib/photolib.h"
 
@@ -15,7 +16,6 @@ namespace exporter
 namespace
 {
 
-constexpr int numberLimit = 10'000;
 constexpr int longestEntryName = 240;
 
 QString albumsFolder()
@@ -23,16 +23,11 @@ QString albumsFolder()
     return QStringLiteral("Albums");
 }
 
-QString numbered(const QString &name, int number)
-{
-    return number == 0 ? name : QStringLiteral("%1 (%2)").arg(name).arg(number);
-}
-
 QString entryName(const QString &prefix, const QString &fileName, int number)
 {
     const QString extension = extensionOf(fileName);
     const QString stem = safeName(prefix + stemOf(fileName), longestEntryName);
-    return numbered(stem, number) + (extension.isEmpty() ? QString() : QLatin1Char('.') + extension);
+    return NumberedNames::numbered(stem, number) + (extension.isEmpty() ? QString() : QLatin1Char('.') + extension);
 }
 
 QString keyOf(qint64 file, const QString &prefix)
@@ -54,7 +49,7 @@ bool isAlbumForPeople(const albumItem &album)
 void AlbumFolders::update()
 {
     RunState &state = tools.state;
-    const QList<qint64> ids = manager.getAlbumList();
+    const QList<qint64> ids = albumsOf(manager);
     state.begin(Phase::Albums, ids.size());
     for (const qint64 id : ids) {
         state.requireGoOn();
@@ -85,6 +80,7 @@ void AlbumFolders::updateAlbum(const albumItem &album)
     if (wanted.empty()) {
         tools.destination.removeEmptyFolder(place.folder);
         tools.record.removeAlbum(place.id);
+        folders.giveBack(place.folder);
         return;
     }
     addMissing(place, wanted);
@@ -100,7 +96,7 @@ std::vector<AlbumFolders::Wanted> AlbumFolders::wantedOf(const albumItem &album)
         tools.state.requireGoOn();
         const qint64 id = album.photoIds[position];
         photoItem photo;
-        if (seen.count(id) != 0 || !manager.getPhotoItem(&id, &photo))
+        if (seen.count(id) != 0 || !readPhoto(manager, id, &photo))
             continue;
         seen.insert(id);
         const auto set = tools.record.latestSet(tools.library.keyOf(photo));
@@ -125,9 +121,10 @@ StoredAlbum AlbumFolders::placeOf(const albumItem &album)
         return *known;
     Transaction transaction(tools.record.connection());
     const QString folder = freeFolder(album.title);
-    if (known)
+    if (known) {
         tools.record.moveAlbum(known->id, album.title, folder);
-    else
+        folders.giveBack(known->folder);
+    } else
         known = StoredAlbum{tools.record.addAlbum(key, album.title, folder), {}, {}};
     transaction.commit();
     return {known->id, folder, album.title};
@@ -137,13 +134,26 @@ StoredAlbum AlbumFolders::placeOf(const albumItem &album)
 // record was moved away.
 QString AlbumFolders::freeFolder(const QString &title)
 {
-    for (int number = 0; number < numberLimit; ++number) {
-        const QString folder = albumsFolder() + QLatin1Char('/') + numbered(safeName(title), number);
-        const auto found = tools.destination.stat(folder);
-        if (!tools.record.isAlbumFolderTaken(folder) && (!found || found->folder))
+    const QString name = albumsFolder() + QLatin1Char('/') + safeName(title);
+    NumberedNames::Numbers &numbers = folders.of(name);
+    while (!numbers.open.empty()) {
+        const QString folder = NumberedNames::numbered(name, *numbers.open.begin());
+        numbers.open.erase(numbers.open.begin());
+        if (isFreeFolder(folder))
+            return folder;
+    }
+    while (numbers.next < NumberedNames::numberLimit) {
+        const QString folder = NumberedNames::numbered(name, numbers.next++);
+        if (isFreeFolder(folder))
             return folder;
     }
     throw FileProblem(QStringLiteral("no free name is left for its folder"));
+}
+
+bool AlbumFolders::isFreeFolder(const QString &folder)
+{
+    const auto found = tools.destination.stat(folder);
+    return !tools.record.isAlbumFolderTaken(folder) && (!found || found->folder);
 }
 
 bool AlbumFolders::isAsMade(const StoredEntry &entry)
@@ -157,32 +167,48 @@ void AlbumFolders::removeStale(const StoredAlbum &album, std::vector<Wanted> &wa
     QMap<QString, std::size_t> index;
     for (std::size_t at = 0; at < wanted.size(); ++at)
         index.insert(keyOf(wanted[at].file.id, wanted[at].prefix), at);
-    QSet<QString> leftFolders;
-    std::vector<qint64> removed;
+    std::vector<Stale> stale;
     const std::vector<StoredEntry> entries = tools.record.entries(album.id);
     for (const StoredEntry &entry : entries) {
         tools.state.requireGoOn();
         const QString prefix = nameOf(entry.path).section(QLatin1Char('_'), 0, 0) + QLatin1Char('_');
         const auto match = index.constFind(keyOf(entry.file, prefix));
         const bool asMade = isAsMade(entry);
-        if (match != index.constEnd() && asMade && folderOf(entry.path) == album.folder) {
-            wanted[*match].exists = true;
-            if (!entry.done)
-                tools.record.finishEntry(entry);
+        if (match == index.constEnd() || !asMade || folderOf(entry.path) != album.folder) {
+            stale.push_back({entry, asMade});
             continue;
         }
-        if (asMade)
-            tools.destination.remove(entry.path);
-        leftFolders.insert(folderOf(entry.path));
-        removed.push_back(entry.id);
+        wanted[*match].exists = true;
+        if (!entry.done)
+            tools.record.finishEntry(entry);
     }
-    Transaction transaction(tools.record.connection());
-    for (const qint64 entry : removed)
-        tools.record.removeEntry(entry);
-    transaction.commit();
+    removeEntries(stale);
+    QSet<QString> leftFolders;
+    for (const Stale &entry : stale)
+        leftFolders.insert(folderOf(entry.entry.path));
     leftFolders.remove(album.folder);
     for (const QString &folder : qAsConst(leftFolders))
         tools.destination.removeEmptyFolder(folder);
+}
+
+// The rows lose their state 'done' first: a run that ends in between leaves none that promises a link.
+void AlbumFolders::removeEntries(const std::vector<Stale> &stale)
+{
+    if (stale.empty())
+        return;
+    Transaction intents(tools.record.connection());
+    for (const Stale &entry : stale)
+        tools.record.reopenEntry(entry.entry.id);
+    intents.commit();
+    for (const Stale &entry : stale) {
+        tools.state.requireGoOn();
+        if (entry.asMade)
+            tools.destination.remove(entry.entry.path);
+    }
+    Transaction done(tools.record.connection());
+    for (const Stale &entry : stale)
+        tools.record.removeEntry(entry.entry.id);
+    done.commit();
 }
 
 void AlbumFolders::addMissing(const StoredAlbum &album, const std::vector<Wanted> &wanted)
@@ -199,7 +225,7 @@ void AlbumFolders::addMissing(const StoredAlbum &album, const std::vector<Wanted
         }
         std::vector<StoredEntry> entries(group.size());
         for (int number = 0; !choosePaths(album.folder, entries, group, number); ++number) {
-            if (number == numberLimit)
+            if (number == NumberedNames::numberLimit)
                 throw FileProblem(QStringLiteral("no free names are left in it"));
         }
         for (std::size_t at = 0; at < group.size(); ++at) {

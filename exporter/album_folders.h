@@ -31,12 +31,20 @@ private:
         bool exists = false;
     };
 
+    /// A link that is not wanted any more.
+    struct Stale {
+        StoredEntry entry;
+        bool asMade; ///< nobody has changed or replaced it
+    };
+
     void updateAlbum(const albumItem &album);
     std::vector<Wanted> wantedOf(const albumItem &album);
     StoredAlbum placeOf(const albumItem &album);
     QString freeFolder(const QString &title);
+    bool isFreeFolder(const QString &folder);
     /// Marks those of `wanted` that exist, and removes entries that are not wanted.
     void removeStale(const StoredAlbum &album, std::vector<Wanted> &wanted);
+    void removeEntries(const std::vector<Stale> &stale);
     bool isAsMade(const StoredEntry &entry);
     void addMissing(const StoredAlbum &album, const std::vector<Wanted> &wanted);
     bool choosePaths(const QString &folder, std::vector<StoredEntry> &group, const std::vector<const Wanted *> &files,
@@ -45,6 +53,7 @@ private:
 
     RunTools &tools;
     photo_manager_int &manager;
+    NumberedNames folders;
 };
 
 /// Whether people see this album on the device and it has a name.

@@ -4,10 +4,12 @@
 
 #include <QDir>
 #include <QFile>
-#include <QFileInfo>
 
 #include <cerrno>
+#include <cstdlib>
 #include <fcntl.h>
+#include <memory>
+#include <new>
 #include <sys/file.h>
 
 namespace exporter
@@ -19,6 +21,22 @@ namespace
 [[noreturn]] void refuse(const QString &sentences)
 {
     throw RunEnded(RunEnd::DestinationRefused, sentences);
+}
+
+// Not QFileInfo::canonicalFilePath(): that loses the answer of realpath() when memory runs short.
+QString resolved(const QByteArray &name)
+{
+    struct Free {
+        void operator()(char *text) const { std::free(text); }
+    };
+    const std::unique_ptr<char, Free> real(::realpath(name.constData(), nullptr));
+    if (real == nullptr && errno == ENOMEM)
+        throw std::bad_alloc();
+    // The record is opened by this path: without it that would be in the root folder.
+    if (real == nullptr)
+        refuse(QStringLiteral("The destination %1 cannot be used as a folder: %2.")
+                   .arg(QFile::decodeName(name), errnoText(errno)));
+    return QFile::decodeName(real.get());
 }
 
 } // namespace
@@ -72,7 +90,7 @@ void Destination::openRoot(const QString &path, Access access)
             throwDestinationFull();
         refuse(QStringLiteral("The destination %1 cannot be used as a folder: %2.").arg(path, errnoText(code)));
     }
-    canonicalPath = QFileInfo(path).canonicalFilePath();
+    canonicalPath = resolved(name);
 }
 
 void Destination::lock(Access access)

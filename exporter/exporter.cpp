@@ -2,6 +2,7 @@
 
 #include "exporter/album_folders.h"
 #include "exporter/errors.h"
+#include "exporter/library_access.h"
 #include "exporter/photo_export.h"
 #include "exporter/recovery.h"
 #include "exporter/run.h"
@@ -92,7 +93,7 @@ void Run::measure(RunTools &tools)
     for (const qint64 id : qAsConst(ids)) {
         state.requireGoOn();
         photoItem photo;
-        if (manager.getPhotoItem(&id, &photo)) {
+        if (readPhoto(manager, id, &photo)) {
             try {
                 PhotoExport(tools, photo).measure();
             } catch (const DeviceProblem &) {
@@ -126,7 +127,7 @@ void Run::exportPhotos(RunTools &tools)
 void Run::exportPhoto(RunTools &tools, qint64 id)
 {
     photoItem photo;
-    if (manager.getPhotoItem(&id, &photo)) {
+    if (readPhoto(manager, id, &photo)) {
         PhotoExport(tools, photo).run();
         return;
     }

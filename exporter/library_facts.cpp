@@ -1,6 +1,7 @@
 #include "exporter/library_facts.h"
 
 #include "exporter/asset_files.h"
+#include "exporter/library_access.h"
 #include "photolib/photolib.h"
 
 #include <algorithm>
@@ -30,11 +31,13 @@ bool isPlain(const QByteArray &uuid)
 
 LibraryFacts::LibraryFacts(photo_manager_int &manager) : library(manager.getLibraryUuid())
 {
+    if (library.isEmpty()) // also where memory ran short for once
+        library = manager.getLibraryUuid();
     std::set<QByteArray> seen;
-    const QList<qint64> ids = manager.getPhotoList();
+    const QList<qint64> ids = photosOf(manager);
     for (const qint64 id : ids) {
         photoItem photo;
-        if (!manager.getPhotoItem(&id, &photo))
+        if (!readPhoto(manager, id, &photo))
             continue;
         if (seen.count(photo.uuid) != 0)
             repeatedUuids.insert(photo.uuid);

@@ -12,13 +12,6 @@ namespace
 // Some tens of megabytes at most.
 constexpr std::size_t listingLimit = 1'000;
 constexpr std::size_t namesLimit = 100'000;
-constexpr std::size_t basesLimit = 50'000;
-constexpr int numberLimit = 1'000'000;
-
-QString numberedStem(const QString &base, int number)
-{
-    return number == 0 ? base : QStringLiteral("%1 (%2)").arg(base, QString::number(number));
-}
 
 } // namespace
 
@@ -98,21 +91,14 @@ bool NameAllocation::isFree(Choice &choice, const std::vector<QString> &endings,
     return anyAdopted || !hasOtherFileOf(choice.stemPath);
 }
 
-NameAllocation::Numbers &NameAllocation::numbersOf(const QString &base)
-{
-    if (numbers.size() >= basesLimit)
-        numbers.clear();
-    return numbers[foldedName(base)];
-}
-
 NameAllocation::Choice NameAllocation::choose(const Place &place, const std::vector<QString> &endings,
                                               const SameContent &same)
 {
     const QString base = (place.folders + QStringList{place.stem}).join(QLatin1Char('/'));
-    Numbers &known = numbersOf(base);
+    NumberedNames::Numbers &known = numbers.of(base);
     Choice choice;
     for (auto open = known.open.begin(); open != known.open.end();) {
-        choice.stemPath = numberedStem(base, *open);
+        choice.stemPath = NumberedNames::numbered(base, *open);
         if (record.isStemTaken(choice.stemPath)) {
             open = known.open.erase(open);
             continue;
@@ -121,9 +107,9 @@ NameAllocation::Choice NameAllocation::choose(const Place &place, const std::vec
             return choice;
         ++open;
     }
-    while (known.next < numberLimit) {
+    while (known.next < NumberedNames::numberLimit) {
         const int number = known.next++;
-        choice.stemPath = numberedStem(base, number);
+        choice.stemPath = NumberedNames::numbered(base, number);
         if (record.isStemTaken(choice.stemPath))
             continue;
         known.open.insert(number); // whoever asked may not take it
@@ -131,23 +117,6 @@ NameAllocation::Choice NameAllocation::choose(const Place &place, const std::vec
             return choice;
     }
     throw FileProblem(QStringLiteral("no free name is left for %1").arg(base));
-}
-
-void NameAllocation::giveBack(const QString &stemPath)
-{
-    const auto open = [this](const QString &base, int number) {
-        const auto known = numbers.find(foldedName(base));
-        if (known != numbers.end() && number < known->second.next)
-            known->second.open.insert(number);
-    };
-    open(stemPath, 0);
-    const int start = stemPath.lastIndexOf(QLatin1String(" ("));
-    if (start < 0 || !stemPath.endsWith(QLatin1Char(')')))
-        return;
-    bool isNumber = false;
-    const int number = stemPath.mid(start + 2, stemPath.size() - start - 3).toInt(&isNumber);
-    if (isNumber && numberedStem(stemPath.left(start), number) == stemPath)
-        open(stemPath.left(start), number);
 }
 
 } // namespace exporter

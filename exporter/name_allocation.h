@@ -3,6 +3,7 @@
 
 #include "exporter/destination.h"
 #include "exporter/layout.h"
+#include "exporter/numbered_names.h"
 #include "exporter/record.h"
 
 #include <QString>
@@ -47,21 +48,14 @@ public:
     /// The name could not be given although it looked free: the file system takes it for another one.
     void refuse(const QString &path);
     /// The set of this name is in the record no more.
-    void giveBack(const QString &stemPath);
+    void giveBack(const QString &stemPath) { numbers.giveBack(stemPath); }
     /// Forgets what was seen in the folder.
     void forget(const QString &folder) { listings.erase(folder); }
 
 private:
     using Listing = std::map<QString, QString>; ///< folded name to name
 
-    /// Which numbers of one base may be free, so that thousands of photos of one stem do not ask for each number.
-    struct Numbers {
-        std::set<int> open; ///< below `next`, and not those of a set when last looked at
-        int next = 0;       ///< not looked at yet, from here on
-    };
-
     Listing &listingOf(const QString &folder);
-    Numbers &numbersOf(const QString &base);
     bool isRefused(const QString &path) const;
     bool hasOtherFileOf(const QString &stemPath);
     bool isFree(Choice &choice, const std::vector<QString> &endings, const SameContent &same);
@@ -70,8 +64,8 @@ private:
     Record &record;
     std::map<QString, Listing> listings; ///< of folders with `listedNames` names in total
     std::size_t listedNames = 0;
-    std::map<QString, Numbers> numbers; ///< by folded base
-    std::set<QString> refused;          ///< folded paths
+    NumberedNames numbers;     ///< of stems
+    std::set<QString> refused; ///< folded paths
 };
 
 } // namespace exporter

@@ -91,8 +91,11 @@ void PhotoExport::examine()
     set = tools.record.latestSet(tools.library.keyOf(photo));
     members.clear();
     auto files = findAssetFiles(tools.source, photo, tools.state.options.edited, tools.library.videoPaths());
+    // All or none: a photo of which a part could not be looked at must not pass for a smaller one.
+    std::vector<Member> examined;
     for (AssetFile &file : files)
-        members.push_back(memberOf(std::move(file)));
+        examined.push_back(memberOf(std::move(file)));
+    members = std::move(examined);
 }
 
 void PhotoExport::measure()
@@ -237,6 +240,7 @@ void PhotoExport::copyNeeded()
         const qint64 before = progress.bytesDone;
         try {
             member.copy = copyFromDevice(tools.source, member.file, fileTime(photo), tools.destination, tools.state);
+            member.file.size = member.copy->size; // what was told before may have been wrong
         } catch (const FileProblem &problem) {
             tools.state.requireGoOn();
             fail(member, problem.text);

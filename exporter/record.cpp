@@ -20,13 +20,15 @@ namespace
 constexpr qint64 applicationId = 0x70684578; // "phEx"
 constexpr qint64 formatVersion = 1;
 
+// Numbers of files are never given again: links in album folders are tied to them, also to those of files that are
+// gone.
 const char *const schema = R"(
     BEGIN;
     CREATE TABLE fileset(
         id INTEGER PRIMARY KEY, photo TEXT NOT NULL, stem_path TEXT NOT NULL, folded TEXT NOT NULL UNIQUE);
     CREATE INDEX fileset_photo ON fileset(photo);
     CREATE TABLE file(
-        id INTEGER PRIMARY KEY, fileset INTEGER NOT NULL REFERENCES fileset(id), uuid BLOB NOT NULL,
+        id INTEGER PRIMARY KEY AUTOINCREMENT, fileset INTEGER NOT NULL REFERENCES fileset(id), uuid BLOB NOT NULL,
         role INTEGER NOT NULL, device_path TEXT NOT NULL, size INTEGER NOT NULL, sha256 BLOB NOT NULL,
         modified INTEGER, path TEXT NOT NULL, folded TEXT NOT NULL UNIQUE, mtime_ns INTEGER NOT NULL,
         state TEXT NOT NULL CHECK(state IN ('intent', 'done')));
@@ -71,11 +73,20 @@ void createIn(Destination &destination)
     for (const char *companion : companions)
         destination.remove(Record::fileName() + QLatin1String(companion));
     const QByteArray name = destination.temporaryName();
-    createAt(path(destination, QString::fromLatin1(name)));
-    if (!destination.publish(name, Record::fileName()))
+    bool published = false;
+    try {
+        createAt(path(destination, QString::fromLatin1(name)));
+        published = destination.publish(name, Record::fileName());
+    } catch (...) {
+        destination.operations().unlinkAt(destination.rootFd(), name.constData(), 0);
+        throw;
+    }
+    if (!published) {
+        destination.operations().unlinkAt(destination.rootFd(), name.constData(), 0);
         throw RunEnded(
             RunEnd::DestinationRefused,
             QStringLiteral("Another program is writing to %1 at the same time.").arg(destination.rootPath()));
+    }
     destination.syncFolder(QString());
 }
 

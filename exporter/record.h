@@ -126,6 +126,8 @@ public:
     std::vector<StoredEntry> entriesAfter(qint64 lastId, int limit);
     qint64 addEntry(const StoredEntry &entry);
     void finishEntry(const StoredEntry &entry);
+    /// Back to state 'intent', before its link goes.
+    void reopenEntry(qint64 entry);
     void removeEntry(qint64 entry);
     bool isEntryPathTaken(const QString &path);
 

@@ -102,6 +102,12 @@ void Record::finishEntry(const StoredEntry &entry)
     finish->bind(entry.size).bind(entry.mtimeNs).bind(entry.id).step();
 }
 
+void Record::reopenEntry(qint64 entry)
+{
+    const Use reopen(statements->reopenEntry);
+    reopen->bind(entry).step();
+}
+
 void Record::removeEntry(qint64 entry)
 {
     const Use remove(statements->removeEntry);

@@ -26,6 +26,7 @@ struct Record::Statements {
           addEntry(sql, "INSERT INTO entry(album, file, path, folded, size, mtime_ns, state) "
                         "VALUES(?, ?, ?, ?, ?, ?, 'intent')"),
           finishEntry(sql, "UPDATE entry SET size = ?, mtime_ns = ?, state = 'done' WHERE id = ?"),
+          reopenEntry(sql, "UPDATE entry SET state = 'intent' WHERE id = ?"),
           removeEntry(sql, "DELETE FROM entry WHERE id = ?")
     {
     }
@@ -43,6 +44,7 @@ struct Record::Statements {
     Statement entryTaken;
     Statement addEntry;
     Statement finishEntry;
+    Statement reopenEntry;
     Statement removeEntry;
 };
 

@@ -19,7 +19,7 @@ int lastErrno(sqlite3 *connection)
         sqlite3_file *file = nullptr;
         int code = 0;
         if (sqlite3_file_control(connection, "main", which, &file) == SQLITE_OK && file != nullptr &&
-            file->pMethods != nullptr)
+            file->pMethods != nullptr && file->pMethods->xFileControl != nullptr) // a journal in memory has none
             file->pMethods->xFileControl(file, SQLITE_FCNTL_LAST_ERRNO, &code);
         if (code != 0)
             return code;
@@ -67,11 +67,11 @@ qint64 Sql::lastRowId() const
 
 void Sql::throwError(int code) const
 {
+    if ((code & 0xff) == SQLITE_NOMEM || code == SQLITE_IOERR_NOMEM)
+        throw std::bad_alloc();
     const int system = lastErrno(connection);
     const QString words = QString::fromUtf8(sqlite3_errmsg(connection));
     switch (code & 0xff) {
-    case SQLITE_NOMEM:
-        throw std::bad_alloc();
     case SQLITE_FULL:
         throwDestinationFull();
     case SQLITE_BUSY:

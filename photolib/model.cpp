@@ -3,6 +3,8 @@
 #include "photolib/category_rules.h"
 #include "photolib/db/photos_db.h"
 
+#include <algorithm>
+
 using namespace photolib;
 
 namespace
@@ -60,7 +62,8 @@ void photo_manager::groupAssets()
 void photo_manager::groupFaces()
 {
     QStringList keys = photosDb->faceGroupKeys();
-    keys.removeDuplicates(); // a key comes once for each face
+    // A key comes once for each face, in a row. Not removeDuplicates(): a stranger has chosen what that would hash.
+    keys.erase(std::unique(keys.begin(), keys.end()), keys.end());
     for (const QString &key : keys) {
         photoGroup group;
         group.category = peopleCategory;

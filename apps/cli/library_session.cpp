@@ -8,6 +8,7 @@
 #include "devicehost/resolve_device.h"
 
 #include <atomic>
+#include <new>
 
 namespace photocli
 {
@@ -61,6 +62,18 @@ LibrarySession::LibrarySession(const DeviceOptions &options)
     else
         warn(QStringLiteral("the library was read in part only: ") + damage);
     readInPart = !damage.isEmpty();
+}
+
+LibrarySession::~LibrarySession()
+{
+    ProgressBar none;
+    std::unique_ptr<OpeningDeadline> deadline;
+    try {
+        deadline = std::make_unique<OpeningDeadline>(
+            interruptRequested, [this, &none] { endInterruptedOpening(*host, none); }, std::chrono::milliseconds(0));
+    } catch (const std::bad_alloc &) { // the library is then freed to its end
+    }
+    manager.reset();
 }
 
 void LibrarySession::open(bool showProgress)

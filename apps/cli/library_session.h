@@ -21,6 +21,11 @@ public:
     /// warning at most: for what was read in part only, or else for what the library lacks.
     explicit LibrarySession(const DeviceOptions &options);
 
+    /// Ctrl-C ends the process also while the library is freed, which takes seconds for a million photos.
+    ~LibrarySession();
+    LibrarySession(const LibrarySession &) = delete;
+    LibrarySession &operator=(const LibrarySession &) = delete;
+
     photo_manager_int &library() { return *manager; }
 
     /// The device, for those who read its files.

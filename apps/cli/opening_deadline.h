@@ -18,8 +18,8 @@ namespace photocli
 class ProgressBar;
 
 /// Sees to it that Ctrl-C ends an opening within a second. The library asks nobody while it sorts photos into groups,
-/// which takes seconds for a million of them: when an opening has not returned `patience` after the request, a thread
-/// of this object calls `end`, which ends the process.
+/// which takes seconds for a million of them, nor while it is released: when an opening has not returned `patience`
+/// after the request, a thread of this object calls `end`, which ends the process.
 ///
 /// The destructor tells that the opening has returned. While `end` runs it waits, so that nothing is taken down twice.
 class OpeningDeadline

@@ -12,6 +12,8 @@
 #include "photolib/media/whole_file.h"
 
 #include <array>
+#include <cstring>
+#include <new>
 #include <vector>
 
 using namespace photolib;
@@ -28,6 +30,21 @@ bool readTrailer(VFile *container, unsigned char *trailer)
 {
     constexpr auto size = static_cast<int>(frameTrailerBytes);
     return vFileRead(container, trailer, size) >= size && isBitmapSize(pictureSizeOf(trailer));
+}
+
+// In place, and for a large picture without the room that a growing array takes ahead: a trailer of 28 bytes may ask
+// for a bitmap of 2 GiB, which a container holds no pixels for.
+unsigned char *appendZeros(QByteArray *out, int count)
+{
+    constexpr int large = 1 << 20;
+    const int before = out->size();
+    if (count > largestByteArray - before)
+        throw std::bad_alloc();
+    if (count > large)
+        out->reserve(before + count);
+    out->resize(before + count);
+    std::memset(out->data() + before, 0, static_cast<std::size_t>(count));
+    return reinterpret_cast<unsigned char *>(out->data()) + before;
 }
 
 } // namespace
@@ -112,11 +129,10 @@ bool photo_manager::appendBitmap(const unsigned char *frame, QByteArray *out)
     std::array<unsigned char, bitmapHeaderBytes> header;
     writeBitmapHeader(size, header.data());
     out->append(reinterpret_cast<const char *>(header.data()), static_cast<int>(header.size()));
-    QByteArray pixels(bitmapPixelBytes(size), '\0');
     if (cancelRequested)
         return false;
-    convertIthmbFrame(frame, ithmbGeometry, reinterpret_cast<unsigned char *>(pixels.data()));
-    out->append(pixels);
+    unsigned char *const pixels = appendZeros(out, bitmapPixelBytes(size));
+    convertIthmbFrame(frame, ithmbGeometry, pixels);
     return true;
 }
 

@@ -2,18 +2,8 @@
 
 #include "photolib/host/handles.h"
 
-#include <limits>
-
 namespace photolib
 {
-
-namespace
-{
-
-// QByteArray counts its own header and the byte behind its end with the same 32 bits.
-constexpr qint64 largestByteArray = std::numeric_limits<int>::max() - static_cast<qint64>(sizeof(QArrayData)) - 1;
-
-} // namespace
 
 bool readWholeFile(VFile *file, QByteArray *out)
 {

@@ -1,4 +1,5 @@
 #include "tests/unit/exporter/export_fixture.h"
+#include "tests/unit/exporter/failing_files.h"
 
 #include <QDir>
 #include <QFile>
@@ -202,4 +203,49 @@ TEST(Albums, ALinkToAFileThatPeopleRemovedStays)
     fixture.run();
     EXPECT_EQ((QStringList{"Ferien/1_A.JPG", "Ferien/2_C.JPG"}), fixture.albumFiles());
     EXPECT_EQ(QByteArray("a"), fixture.read("A.JPG"));
+}
+
+TEST(Albums, NeverTakeTheLinkOfAFileThatIsGoneForThatOfAnother)
+{
+    ExportFixture fixture;
+    fixture.options.layout = "{stem}";
+    fixture.options.albums = true;
+    const qint64 a = fixture.addPhoto("A.JPG", "a");
+    const qint64 b = fixture.addPhoto("B.JPG", "b");
+    const qint64 album = fixture.addAlbum("Album", {a, b});
+    fixture.run();
+    // The file with the highest number leaves the record, its link stays, and another file comes in its place.
+    QFile::remove(fixture.path("B.JPG"));
+    fixture.device.removeFile("/DCIM/100APPLE/B.JPG");
+    const qint64 c = fixture.addPhoto("C.JPG", "c");
+    const int entity = fixture.library.facts().album;
+    fixture.change(QString("DELETE FROM Z_%1ASSETS WHERE Z_%1ALBUMS = %2").arg(entity).arg(album));
+    fixture.library.addToAlbum(album, a);
+    fixture.library.addToAlbum(album, c);
+    fixture.run();
+    EXPECT_EQ((Tree{{"A.JPG", "a"}, {"C.JPG", "c"}, {"Albums/Album/1_A.JPG", "a"}, {"Albums/Album/2_C.JPG", "c"}}),
+              fixture.tree());
+}
+
+TEST(Albums, OfOneTitleAreNotEachComparedWithAllOthers)
+{
+    const auto callsFor = [](int albums) {
+        ExportFixture fixture;
+        fixture.options.layout = "{stem}";
+        fixture.options.albums = true;
+        const qint64 photo = fixture.addPhoto("A.JPG", "a");
+        for (int number = 0; number < albums; ++number)
+            fixture.addAlbum("Album", {photo});
+        FailingFiles files;
+        files.onCall = [](FailingFiles::Call, int) { return 0; };
+        fixture.files = &files;
+        EXPECT_TRUE(fixture.run().isSuccess());
+        EXPECT_EQ(albums, QDir(fixture.path("Albums")).entryList(QDir::Dirs | QDir::NoDotAndDotDot).size());
+        EXPECT_TRUE(QFile::exists(fixture.path(QString("Albums/Album (%1)/1_A.JPG").arg(albums - 1))));
+        return files.calls;
+    };
+    // As many more albums cost as much more again.
+    const int calls = callsFor(20);
+    const int more = callsFor(40) - calls;
+    EXPECT_EQ(calls + 2 * more, callsFor(60));
 }

@@ -3,10 +3,13 @@
 
 #include "exporter/file_operations.h"
 
+#include <QtGlobal>
+
 #include <cerrno>
 #include <functional>
 
-/// The real system calls, counted; `onCall` may have one fail by answering an errno value, or end the process.
+/// The real system calls, counted; `onCall` may have one fail by answering an errno value, have a read or write stop
+/// half-way by answering `half`, or end the process.
 class FailingFiles final : public exporter::FileOperations
 {
 public:
@@ -25,6 +28,8 @@ public:
         Rename
     };
 
+    static constexpr int half = -1;
+
     std::function<int(Call call, int number)> onCall;
     int calls = 0;
 
@@ -38,11 +43,11 @@ public:
     }
     ssize_t read(int file, void *buffer, std::size_t size) override
     {
-        return allowed(Call::Read) ? FileOperations::read(file, buffer, size) : -1;
+        return allowed(Call::Read) ? FileOperations::read(file, buffer, sizeFor(size)) : -1;
     }
     ssize_t write(int file, const void *buffer, std::size_t size) override
     {
-        return allowed(Call::Write) ? FileOperations::write(file, buffer, size) : -1;
+        return allowed(Call::Write) ? FileOperations::write(file, buffer, sizeFor(size)) : -1;
     }
     int sync(int file) override { return allowed(Call::Sync) ? FileOperations::sync(file) : -1; }
     int setTimes(int file, const timespec times[2]) override
@@ -74,10 +79,14 @@ public:
 private:
     bool allowed(Call call)
     {
-        const int code = onCall ? onCall(call, ++calls) : 0;
-        errno = code;
-        return code == 0;
+        code = onCall ? onCall(call, ++calls) : 0;
+        errno = qMax(code, 0);
+        return code <= 0;
     }
+
+    std::size_t sizeFor(std::size_t asked) const { return code == half && asked > 1 ? asked / 2 : asked; }
+
+    int code = 0;
 };
 
 #endif

@@ -49,6 +49,14 @@ protected:
         return localSide ? 2 : 0;
     }
 
+    /// What can go wrong in this way.
+    static testkit::OperationKinds kindsOf(Fault::Effect effect)
+    {
+        return effect == Fault::Effect::Answer
+                   ? OperationKind::Read | OperationKind::Write | OperationKind::CreateFolder
+                   : testkit::faultableOperations;
+    }
+
     /// Whether the operation is one without which there is no copy of the main file, or no connection.
     static bool isEssential(const FaultyDevice &faulty)
     {
@@ -71,8 +79,8 @@ protected:
 
 TEST_P(OpeningFaults, LeaveAnAnswerThatTheLogAgreesWith)
 {
-    const int fired = forEveryFault(
-        Fault(testkit::faultableOperations, GetParam()), [this](FakeDevice &device, FaultyDevice &faulty) {
+    const int fired =
+        forEveryFault(Fault(kindsOf(GetParam()), GetParam()), [this](FakeDevice &device, FaultyDevice &faulty) {
             device.addFile("/PhotoData/Photos.sqlite", library().database);
             device.addFile("/PhotoData/Photos.sqlite-wal", library().wal);
             device.addFile("/PhotoData/Photos.sqlite-shm", library().shm);
@@ -108,6 +116,8 @@ std::string nameOf(const testing::TestParamInfo<Fault::Effect> &instance)
         return "ShortTransfer";
     case Fault::Effect::Truncate:
         return "Truncate";
+    case Fault::Effect::Answer:
+        return "NegativeAnswer";
     default:
         return "DeviceGone";
     }
@@ -115,7 +125,7 @@ std::string nameOf(const testing::TestParamInfo<Fault::Effect> &instance)
 
 INSTANTIATE_TEST_SUITE_P(Effects, OpeningFaults,
                          testing::Values(Fault::Effect::Fail, Fault::Effect::ShortTransfer, Fault::Effect::Truncate,
-                                         Fault::Effect::DeviceGone),
+                                         Fault::Effect::DeviceGone, Fault::Effect::Answer),
                          nameOf);
 
 } // namespace

@@ -17,6 +17,7 @@ thread_local int left = 0; ///< allocations until the one that fails; 0 when non
 thread_local bool failed = false;
 thread_local int hostDepth = 0;
 thread_local long live = 0;
+thread_local long asked = 0;
 
 bool isRefused()
 {
@@ -51,6 +52,11 @@ long liveAllocations()
     return live;
 }
 
+long askedBytes()
+{
+    return asked;
+}
+
 HostCode::HostCode()
 {
     ++hostDepth;
@@ -66,16 +72,19 @@ extern "C" {
 
 void *malloc(std::size_t size)
 {
+    asked += static_cast<long>(size);
     return isRefused() ? nullptr : counted(__libc_malloc(size));
 }
 
 void *calloc(std::size_t count, std::size_t size)
 {
+    asked += static_cast<long>(count * size);
     return isRefused() ? nullptr : counted(__libc_calloc(count, size));
 }
 
 void *realloc(void *memory, std::size_t size)
 {
+    asked += static_cast<long>(size);
     if (isRefused())
         return nullptr;
     void *moved = __libc_realloc(memory, size);

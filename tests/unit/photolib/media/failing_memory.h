@@ -13,6 +13,9 @@ bool allocationFailed();
 /// Allocations of this thread so far less what it freed.
 long liveAllocations();
 
+/// Bytes that this thread has asked for so far, whether it has freed them or not.
+long askedBytes();
+
 /// Code that is not the library's, for which there is always memory.
 class HostCode
 {

@@ -160,3 +160,25 @@ TEST(MediaFaults, OfAFileAreNothingReadExceptForTheDevice)
     for (const Fault::Effect effect : {Fault::Effect::ShortTransfer, Fault::Effect::Truncate})
         expectOutcomes(Fault(testkit::OperationKind::Read, effect), {nothing, whole}, true, file);
 }
+
+TEST(MediaFaults, AWrongPositionIsNoThumbnailAndNoFile)
+{
+    const Fault fault(testkit::OperationKind::Seek, Fault::Effect::WrongPosition);
+    expectOutcomes(fault, {frame(), frame(), jpeg()}, true, thumbnail);
+    expectOutcomes(fault, {failure({notReached}), frame()}, false, thumbnail);
+    const Outcome nothing = {0, untouched, {}};
+    const Outcome whole = {1, "CONTENT", {}};
+    expectOutcomes(fault, {nothing, nothing, whole}, true, file);
+}
+
+TEST(MediaFaults, AnErrorAnsweredAfterTheOperationIsOneExceptFromASeekInAFile)
+{
+    using Kind = testkit::OperationKind;
+    const Fault fault(Kind::Read | Kind::Seek | Kind::Tell, Fault::Effect::Answer);
+    expectOutcomes(fault, {jpeg(), frame(), jpeg(), frame(), jpeg()}, true, thumbnail);
+    expectOutcomes(fault, {failure({notReached}), failure({shortFrame}), failure({shortTrailer}), frame()}, false,
+                   thumbnail);
+    const Outcome nothing = {0, untouched, {}};
+    const Outcome whole = {1, "CONTENT", {}};
+    expectOutcomes(fault, {whole, nothing, whole, nothing, whole}, true, file);
+}

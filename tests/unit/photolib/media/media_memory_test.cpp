@@ -97,6 +97,9 @@ protected:
         }
     }
 
+    MemoryDevice device;
+    photo_manager manager{&device};
+
 private:
     QByteArray callSlot(const Slot &slot, int expected)
     {
@@ -115,8 +118,6 @@ private:
         }
     }
 
-    MemoryDevice device;
-    photo_manager manager{&device};
     PhotoManagerProbe probe{manager};
 };
 
@@ -208,4 +209,16 @@ TEST_F(ShortMemory, IsNothingReadOfAFile)
 {
     files["/DCIM/Z\xC3\xBCrich/IMG_0001.MOV"] = QByteArray(1000, 'C');
     EXPECT_GT(failEach({&photo_manager::readPhotoFile, 1, 0, false}), 3);
+}
+
+TEST_F(ShortMemory, OfTheHostIsAskedOnceForAPictureThatItsTrailerMakesLarge)
+{
+    constexpr int side = 2000;
+    constexpr long bitmap = 3L * side * side;
+    files[containers[7].path] = QByteArray(8192, '\x55') + trailerOf(side, side);
+    QByteArray out = before;
+    const long asked = askedBytes();
+    EXPECT_EQ(manager.getThumbnail(&photoId, &out), 0);
+    EXPECT_LT(askedBytes() - asked, bitmap + 100'000);
+    EXPECT_EQ(out.size(), before.size() + headerBytes + bitmap);
 }
