@@ -50,6 +50,8 @@ def main():
     print("ready", address, flush=True)
     for line in sys.stdin:
         print(control.answer(line.rstrip("\n")), flush=True)
+    if options.socket:
+        os.unlink(options.socket)
     # Connections may be anywhere: nothing is worth waiting for.
     os._exit(0)
 
