@@ -113,8 +113,8 @@ class Channel:
         """Returns after this time, or earlier: when something arrived or the bell was rung. Raises when the host left."""
         poll = select.poll()
         poll.register(self.bell, select.POLLIN)
-        # Requests that arrive meanwhile are taken in, to know their time; of a TLS connection only its end matters.
-        plain = not isinstance(self.connection, ssl.SSLSocket)
+        # Requests that arrive meanwhile are taken in, to know their time. Not with TLS, nor where TLS may begin.
+        plain = self.service == "afc" and not isinstance(self.connection, ssl.SSLSocket)
         takes_in = plain and len(self.received) < 64
         poll.register(self.connection, select.POLLRDHUP | (select.POLLIN if takes_in else 0))
         for descriptor, events in poll.poll(None if seconds is None else seconds * 1000):

@@ -37,7 +37,10 @@ class Daemon:
 
     def run(self):
         while True:
-            connection, _ = self.listening.accept()
+            try:
+                connection, _ = self.listening.accept()
+            except OSError:
+                return  # it was closed
             threading.Thread(target=self.serve, args=(connection,), daemon=True).start()
 
     # Phones that come and go
