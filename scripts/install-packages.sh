@@ -6,7 +6,8 @@ set -euo pipefail
 build=(g++ cmake ninja-build pkg-config ca-certificates
     qtbase5-dev libsqlite3-dev libplist-dev libcli11-dev rapidjson-dev libgif-dev)
 package=("${build[@]}" dpkg-dev file)
-test=("${build[@]}" libgtest-dev libgmock-dev sqlite3 binutils python3 util-linux)
+test=("${build[@]}" libgtest-dev libgmock-dev sqlite3 binutils python3 openssl util-linux
+    libimobiledevice-utils)
 check=("${test[@]}" clang-format clang-tidy shellcheck git strace abigail-tools doxygen
     "${package[@]}" fakeroot fish mandoc zsh)
 # clang's own version of Debian; the runtime library holds the fuzzer, llvm the tool that names the lines of a crash.
