@@ -96,8 +96,7 @@ Outcome Client::close(quint64 handle)
 
 Outcome Client::seek(quint64 handle, qint64 offset)
 {
-    return simple(Operation::FileRefSeek,
-                  number(handle) + number(fromStart) + number(static_cast<quint64>(offset)));
+    return simple(Operation::FileRefSeek, number(handle) + number(fromStart) + number(static_cast<quint64>(offset)));
 }
 
 Outcome Client::simple(Operation operation, const QByteArray &parameters)

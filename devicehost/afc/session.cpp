@@ -37,8 +37,8 @@ std::shared_ptr<Client> Session::connect(VError *error)
         *error = clientOutcome(Stopped).error;
         return nullptr;
     }
-    std::unique_ptr<Transport> transport =
-        connector->connect(timeout, [guard] { return guard->stopRequested(); }, error);
+    std::unique_ptr<Transport> transport = connector->connect(
+        timeout, [guard] { return guard->stopRequested(); }, error);
     if (transport != nullptr && transport->socket() >= 0 && !guard->start()) {
         *error = clientOutcome(NoThread).error;
         return nullptr;

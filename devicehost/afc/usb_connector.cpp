@@ -46,8 +46,7 @@ void limitWaiting(idevice_connection_t connection, std::chrono::milliseconds tim
     ::setsockopt(socket, SOL_SOCKET, SO_SNDTIMEO, &time, sizeof time);
 }
 
-Connected connectTo(DeviceHandle device, const lockdownd_service_descriptor &service,
-                    std::chrono::milliseconds timeout)
+Connected connectTo(DeviceHandle device, const lockdownd_service_descriptor &service, std::chrono::milliseconds timeout)
 {
     idevice_connection_t made = nullptr;
     const idevice_error_t connected = idevice_connect(device.get(), service.port, &made);

@@ -41,7 +41,7 @@ bool UsbTransport::send(const char *bytes, std::size_t size)
 qint64 UsbTransport::receive(char *buffer, std::size_t size, std::chrono::milliseconds timeout)
 {
     const PipeSignalBlock block; // encrypted connections may have to write in order to read
-    std::uint32_t count = 0; // an error leaves it as it is
+    std::uint32_t count = 0;     // an error leaves it as it is
     // 0 would wait for ever.
     const auto wait = static_cast<unsigned>(std::clamp<qint64>(timeout.count(), 1, std::numeric_limits<int>::max()));
     const idevice_error_t result =

@@ -59,7 +59,7 @@ public:
         Watchdog &owner;
         const int socket;
         const std::chrono::milliseconds patience;
-        Clock::time_point deadline;        ///< guarded by the owner's mutex, as what follows
+        Clock::time_point deadline; ///< guarded by the owner's mutex, as what follows
         Verdict reason = Verdict::Quiet;
         std::list<Watch *>::iterator place;
     };
