@@ -53,6 +53,9 @@ public:
     /// Sets the variable in this process, until this object goes.
     void useHere();
 
+    /// Its process, for measuring.
+    pid_t processId() const { return process; }
+
     /// Sends one command line, and returns what followed "ok".
     QByteArray command(const QByteArray &line) const;
 

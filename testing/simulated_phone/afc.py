@@ -93,6 +93,7 @@ class AfcService:
         self.piece = None  # made for the first read
 
     def run(self):
+        self.channel.reads_ahead = True
         try:
             while True:
                 self.serve_one()

@@ -10,6 +10,7 @@ import time
 
 PIECE = 256 * 1024  # small enough to stay in the processor's cache between reading and sending
 PACED_PIECE = 16 * 1024
+READ_AHEAD = 64
 
 
 class Gone(Exception):
@@ -24,6 +25,8 @@ class Channel:
         self.phone = phone
         self.service = service
         self.received = collections.deque()  # (time of arrival, bytes)
+        # Requests that arrive while one waits are taken in, to know their time; not where TLS may begin or end.
+        self.reads_ahead = False
         self.arrival = 0.0  # when the last bytes that were handed out had arrived
         self.sent_until = 0.0  # when a connection of the set rate is through with what was sent
         self.cut_off = threading.Event()
@@ -113,9 +116,7 @@ class Channel:
         """Returns after this time, or earlier: when something arrived or the bell was rung. Raises when the host left."""
         poll = select.poll()
         poll.register(self.bell, select.POLLIN)
-        # Requests that arrive meanwhile are taken in, to know their time. Not with TLS, nor where TLS may begin.
-        plain = self.service == "afc" and not isinstance(self.connection, ssl.SSLSocket)
-        takes_in = plain and len(self.received) < 64
+        takes_in = self.reads_ahead and len(self.received) < READ_AHEAD
         poll.register(self.connection, select.POLLRDHUP | (select.POLLIN if takes_in else 0))
         for descriptor, events in poll.poll(None if seconds is None else seconds * 1000):
             if descriptor == self.bell:

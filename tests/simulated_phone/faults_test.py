@@ -1,4 +1,5 @@
 import os
+import ssl
 import struct
 import unittest
 
@@ -8,6 +9,8 @@ DATA = bytes(range(250)) * 4
 
 
 class Faults(PhoneCase):
+    STEP = 7  # bytes between the places of the sweep
+
     def setUp(self):
         super().setUp()
         self.write("1.JPG", DATA)
@@ -24,7 +27,7 @@ class Faults(PhoneCase):
     def test_cut_after_every_number_of_bytes(self):
         self.assertEqual(self.copy(self.afc()), DATA)
         total = int(self.counter("bytes"))
-        for count in range(0, total, 7):
+        for count in range(0, total, self.STEP):
             self.tell(f"fault cut after-bytes={count}")
             sent = int(self.counter("bytes"))
             with self.assertRaises(Ended):
@@ -124,7 +127,7 @@ class Faults(PhoneCase):
         afc.ask(0x0A, b"/\0")
         self.tell("wait stalled 1")
         afc.connection.setblocking(False)
-        self.assertRaises(BlockingIOError, afc.connection.recv, 1)
+        self.assertRaises((BlockingIOError, ssl.SSLWantReadError), afc.connection.recv, 1)
         afc.connection.setblocking(True)
         self.assertEqual(self.afc().info(b"/")[b"st_ifmt"], b"S_IFDIR")  # others are served
         self.tell("release")
@@ -171,11 +174,14 @@ class Faults(PhoneCase):
         afc = self.afc()
         self.tell("slow latency=2 rate=5000000")
         self.assertEqual(afc.read(afc.open(b"/2.MOV"), 300_000), data)
-
-    def test_slow_with_tls_is_complete(self):
-        self.phone.tls = True
-        self.tell("slow latency=2 rate=5000000")
         self.assertEqual(self.copy(self.afc()), DATA)
+
+
+class EncryptedFaults(Faults):
+    """The same with TLS: faults count what is sent before it is encrypted."""
+
+    PHONES = [{"tls": True}]
+    STEP = 101
 
 
 class SeveralPhones(PhoneCase):

@@ -1,5 +1,6 @@
 import plistlib
 import ssl
+import threading
 import unittest
 
 from phone_case import HOST_ID, Afc, Ended, PhoneCase
@@ -168,6 +169,18 @@ class Encrypted(PhoneCase):
         reply = self.start_service()
         with self.assertRaises((ssl.SSLError, ConnectionError)):
             self.tls(self.connect(reply["Port"]))
+
+    def test_a_handshake_may_be_stalled(self):
+        self.write("1.JPG", b"picture")
+        self.tell("fault stall service=tls at=2")
+        found = []
+        host = threading.Thread(target=lambda: found.append(self.afc().names(b"/")))
+        host.start()
+        self.tell("wait stalled 1")
+        self.assertEqual(found, [])
+        self.tell("release")
+        host.join()
+        self.assertEqual(found, [[b".", b"..", b"1.JPG"]])
 
     def test_pairing_makes_a_host_of_its_own_authority_known(self):
         self.tell("forget")
