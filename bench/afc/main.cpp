@@ -51,29 +51,69 @@ double median(std::vector<double> values)
     return values[values.size() / 2];
 }
 
-void measure(const Way &way, const testkit::SimulatedPhone &phone, bool tls, int latency, int megabytes, int repeat)
-{
-    const qint64 size = megabytes * megabyte;
-    const std::string path = "/DCIM/" + std::to_string(megabytes) + ".MOV";
-    std::vector<double> rates;
-    std::vector<double> readers;
+/// What was measured of one way, over all runs.
+struct Result {
+    const Way *way;
+    std::unique_ptr<Reader> reader;
+    std::vector<double> rates;   ///< megabytes a second
+    std::vector<double> readers; ///< processor seconds a gigabyte
     std::vector<double> phones;
-    const std::unique_ptr<Reader> reader = way.make();
-    for (int run = 0; run < repeat; ++run) {
-        const Pass pass = readFile(*reader, phone, path, size, way.requestSize);
-        const double gigabytes = static_cast<double>(size) / 1e9;
-        rates.push_back(gigabytes * 1000 / pass.elapsed);
-        readers.push_back(pass.readersProcessor / gigabytes);
-        phones.push_back(pass.phonesProcessor / gigabytes);
-    }
-    std::printf("| %s | %d | %d | %s | %.0f | %.0f to %.0f | %.2f | %.2f |\n", tls ? "TLS" : "plain", latency,
-                megabytes, way.name, median(rates), *std::min_element(rates.begin(), rates.end()),
-                *std::max_element(rates.begin(), rates.end()), median(readers), median(phones));
+};
+
+struct Conditions {
+    bool tls;
+    int latency;
+    int megabytes;
+};
+
+void print(const Result &result, const Conditions &conditions)
+{
+    if (result.rates.empty())
+        return;
+    std::printf("| %s | %d | %d | %s | %.0f | %.0f to %.0f | %.2f | %.2f |\n", conditions.tls ? "TLS" : "plain",
+                conditions.latency, conditions.megabytes, result.way->name, median(result.rates),
+                *std::min_element(result.rates.begin(), result.rates.end()),
+                *std::max_element(result.rates.begin(), result.rates.end()), median(result.readers),
+                median(result.phones));
     std::fflush(stdout);
+}
+
+/// Runs take turns, so that what else the computer does meets all ways alike.
+void measure(const std::vector<Way> &ways, const testkit::SimulatedPhone &phone, const Conditions &conditions,
+             int repeat, std::set<std::string> *missing)
+{
+    const qint64 size = conditions.megabytes * megabyte;
+    const double gigabytes = static_cast<double>(size) / 1e9;
+    const std::string path = "/DCIM/" + std::to_string(conditions.megabytes) + ".MOV";
+    std::vector<Result> results;
+    for (const Way &way : ways)
+        results.push_back({&way, nullptr, {}, {}, {}});
+    for (int run = 0; run < repeat; ++run) {
+        for (Result &result : results) {
+            try {
+                if (result.reader == nullptr)
+                    result.reader = result.way->make();
+                const Pass pass = readFile(*result.reader, phone, path, size, result.way->requestSize);
+                result.rates.push_back(gigabytes * 1000 / pass.elapsed);
+                result.readers.push_back(pass.readersProcessor / gigabytes);
+                result.phones.push_back(pass.phonesProcessor / gigabytes);
+            } catch (const std::runtime_error &error) {
+                missing->insert(std::string(result.way->name) + ": " + error.what());
+            }
+        }
+    }
+    for (const Result &result : results)
+        print(result, conditions);
 }
 
 void measureAll(const Settings &settings, const QString &root)
 {
+    std::vector<Way> wanted;
+    for (const Way &way : ways()) {
+        const auto &only = settings.only;
+        if (only.empty() || std::find(only.begin(), only.end(), way.name) != only.end())
+            wanted.push_back(way);
+    }
     std::printf("| | latency, ms | file, MB | way | MB/s | least to most | reader, s/GB | phone, s/GB |\n"
                 "| --- | ---: | ---: | --- | ---: | --- | ---: | ---: |\n");
     std::set<std::string> missing;
@@ -85,18 +125,8 @@ void measureAll(const Settings &settings, const QString &root)
         for (const int latency : settings.latencies) {
             phone.command("slow latency=" + QByteArray::number(latency));
             const auto sizes = latency == 0 ? settings.megabytes : std::vector<int>{settings.latencyMegabytes};
-            for (const int megabytes : sizes) {
-                for (const Way &way : ways()) {
-                    if (!settings.only.empty() && std::none_of(settings.only.begin(), settings.only.end(),
-                                                               [&](const auto &name) { return name == way.name; }))
-                        continue;
-                    try {
-                        measure(way, phone, tls, latency, megabytes, settings.repeat);
-                    } catch (const std::runtime_error &error) {
-                        missing.insert(std::string(way.name) + ": " + error.what());
-                    }
-                }
-            }
+            for (const int megabytes : sizes)
+                measure(wanted, phone, {tls, latency, megabytes}, settings.repeat, &missing);
         }
     }
     for (const std::string &text : missing)
