@@ -4,6 +4,7 @@
 #include "devicehost/afc/errors.h"
 #include "devicehost/afc/quiet_thread.h"
 
+#include <atomic>
 #include <chrono>
 #include <condition_variable>
 #include <functional>
@@ -16,6 +17,9 @@
 namespace devicehost::afc
 {
 
+/// Calls that nobody waits for any more and that have not returned. Tests wait for them to end.
+inline std::atomic<int> abandonedCalls{0};
+
 /// The result of `work`, unless it takes longer than `timeout` or `stopRequested` answers true: then nothing, and
 /// `*error` says which. For calls that can wait for minutes and cannot be broken off: they go on on a thread of their
 /// own, which throws the result away. So `work` must own all that it uses.
@@ -27,13 +31,19 @@ std::optional<Result> runBounded(std::function<Result()> work, std::chrono::mill
         std::mutex mutex;
         std::condition_variable done;
         std::optional<Result> result;
+        bool abandoned = false;
     };
     const auto shared = std::make_shared<Shared>();
     std::thread thread;
     try {
         thread = threadWithoutSignals([shared, doIt = std::move(work)] {
-            Result result = doIt();
+            std::optional<Result> result = doIt();
             const std::lock_guard<std::mutex> lock(shared->mutex);
+            if (shared->abandoned) {
+                result.reset();
+                --abandonedCalls;
+                return;
+            }
             shared->result = std::move(result);
             shared->done.notify_all();
         });
@@ -49,6 +59,8 @@ std::optional<Result> runBounded(std::function<Result()> work, std::chrono::mill
         const bool stopped = stopRequested();
         if (stopped || std::chrono::steady_clock::now() >= deadline) {
             *error = clientOutcome(stopped ? Stopped : TimedOut).error;
+            shared->abandoned = true;
+            ++abandonedCalls;
             thread.detach();
             return std::nullopt;
         }
