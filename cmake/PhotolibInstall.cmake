@@ -4,6 +4,13 @@
 include(CMakePackageConfigHelpers)
 
 set(QT_MINIMUM 5.15)
+set(devicehost_requires "Qt5Core >= ${QT_MINIMUM}" sqlite3)
+if(PHOTOLIB_AFC)
+    string(JOIN " " PHOTOLIB_USB_MODULES ${usb_modules})
+    list(TRANSFORM usb_modules REPLACE ">=" " >= ")
+    list(APPEND devicehost_requires ${usb_modules})
+endif()
+string(JOIN ", " devicehost_requires ${devicehost_requires})
 set(cmake_folder ${CMAKE_INSTALL_LIBDIR}/cmake/photolib)
 configure_package_config_file(${CMAKE_CURRENT_LIST_DIR}/photolibConfig.cmake.in
     ${PROJECT_BINARY_DIR}/photolibConfig.cmake INSTALL_DESTINATION ${cmake_folder})

@@ -68,6 +68,9 @@ set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SECTION libdevel)
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SHLIBDEPS OFF)
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS
     "${library_package} (= ${debian_version}), qtbase5-dev (>= 5.15), libsqlite3-dev")
+if(PHOTOLIB_AFC)
+    string(APPEND CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS ", libimobiledevice-dev, libusbmuxd-dev, libplist-dev")
+endif()
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SUGGESTS "cmake (>= 3.24) | pkg-config")
 set(CPACK_COMPONENT_DEVELOPMENT_DESCRIPTION "photo library reader for iOS devices - development files
 Headers, the reference host (devicehost) as a static archive, descriptions for
@@ -76,6 +79,9 @@ CMake and pkg-config, and example programs for libphotolib.")
 set(CPACK_DEBIAN_COMMAND_PACKAGE_NAME photolib)
 set(CPACK_DEBIAN_COMMAND_PACKAGE_SECTION utils)
 set(CPACK_DEBIAN_COMMAND_PACKAGE_DEPENDS "${library_package} (= ${debian_version})")
+if(PHOTOLIB_AFC)
+    set(CPACK_DEBIAN_COMMAND_PACKAGE_RECOMMENDS usbmuxd) # which finds the devices on USB
+endif()
 set(CPACK_COMPONENT_COMMAND_DESCRIPTION "command that shows the photo library of an iOS device
 Lists the photos, albums and groups of a device's media folder, for people as
 tables and for programs as JSON and CSV. Nothing is written to the device.")

@@ -36,6 +36,11 @@ QString deviceAdvice(int code)
     }
 }
 
+QString deviceAdvice(const VError &error)
+{
+    return error.advice.isEmpty() ? deviceAdvice(error.code) : error.advice;
+}
+
 QString localAdvice(int code)
 {
     const QString place = QString::fromUtf8(PrivateFolder::temporaryPlace());

@@ -39,6 +39,14 @@ QString HostState::failure() const
     return firstFailure;
 }
 
+std::shared_ptr<BackendSession> HostState::session(const std::function<std::shared_ptr<BackendSession>()> &make)
+{
+    const std::lock_guard<std::mutex> lock(mutex);
+    if (backendSession == nullptr)
+        backendSession = make();
+    return backendSession;
+}
+
 void HostState::recordDatabaseError(int code) noexcept
 {
     int none = 0;

@@ -1,6 +1,8 @@
 #ifndef DEVICEHOST_HOST_STATE_H
 #define DEVICEHOST_HOST_STATE_H
 
+#include "devicehost/backend_session.h"
+
 #include <QByteArray>
 #include <QString>
 
@@ -27,8 +29,14 @@ public:
     const QString &devicePath() const { return path; }
 
     /// Async-signal-safe, both of them.
-    void requestStop() noexcept { stop.store(true); }
-    bool stopRequested() const noexcept { return stop.load(std::memory_order_relaxed); }
+    void requestStop() noexcept { stop->store(true); }
+    bool stopRequested() const noexcept { return stop->load(std::memory_order_relaxed); }
+
+    /// What stopRequested() answers, for those who may outlive this object.
+    std::shared_ptr<const std::atomic<bool>> stopFlag() const { return stop; }
+
+    /// What the device's backend keeps from one opening to the next; made on the first call.
+    std::shared_ptr<BackendSession> session(const std::function<std::shared_ptr<BackendSession>()> &make);
 
     /// Keeps the first failure only: those that follow are its consequences.
     void recordFailure(const QString &sentence);
@@ -50,13 +58,14 @@ private:
     static_assert(std::atomic<bool>::is_always_lock_free, "requestStop() is called from signal handlers");
 
     const QString path;
-    std::atomic<bool> stop{false};
+    const std::shared_ptr<std::atomic<bool>> stop = std::make_shared<std::atomic<bool>>(false);
     std::atomic<int> damage{0};
     std::atomic<bool> empty{false};
     std::atomic<qint64> nextReport{0}; ///< milliseconds on the steady clock
     std::function<void(const Progress &)> progressCallback;
-    mutable std::mutex mutex; ///< guards firstFailure
+    mutable std::mutex mutex; ///< guards what follows
     QString firstFailure;
+    std::shared_ptr<BackendSession> backendSession;
 };
 
 /// The living hosts of this process.

@@ -1,6 +1,8 @@
 #include "devicehost/resolve_device.h"
 
+#include "devicehost/afc/scheme.h"
 #include "devicehost/local_path.h"
+#include "devicehost/usb_devices.h"
 #include "devicehost/vdev/schemes.h"
 
 #include <QDir>
@@ -192,12 +194,43 @@ ResolvedDevice resolveFolder(const QString &argument)
         return explainFolder(path, code);
     const QString name = QStringLiteral("folder:") + path;
     VError error;
-    const std::unique_ptr<VDev> device = openDevice(name.toUtf8().constData(), &error);
+    const std::unique_ptr<VDev> device = openDevice(name.toUtf8().constData(), nullptr, &error);
     if (device == nullptr)
         return explainFolder(path, error.code);
     if (device->openFile(databaseName.toUtf8().constData(), 0, &error) == nullptr)
         return explainDatabase(path, error);
     return {DeviceStatus::Found, name, {}};
+}
+
+/// Which of the devices is which; their owners know them by name.
+QString namedDevices()
+{
+    QStringList names;
+    for (const UsbDevice &device : listUsbDevices().devices)
+        names += device.name.isEmpty() ? QStringLiteral("afc:") + device.udid
+                                       : QStringLiteral("afc:%1 (%2)").arg(device.udid, device.name);
+    return names.join(QStringLiteral(", "));
+}
+
+/// Only whether the device is there: whether it can be read is found out when it is opened.
+ResolvedDevice resolveUsb(const QString &argument, const QString &udid)
+{
+    QString failure;
+    const QStringList udids = usbUdids(&failure);
+    if (!failure.isEmpty())
+        return unreachable(QStringLiteral("%1: %2").arg(argument, failure));
+    if (udids.isEmpty())
+        return unreachable(QStringLiteral("%1: no device is connected; connect it with a cable, unlock it, tap Trust "
+                                          "if it asks, and try again")
+                               .arg(argument));
+    if (udid.isEmpty() && udids.size() > 1)
+        return unreachable(
+            QStringLiteral("%1: several devices are connected; name one of them: %2").arg(argument, namedDevices()));
+    if (!udid.isEmpty() && !udids.contains(udid))
+        return unreachable(QStringLiteral("%1: no such device is connected; connect it with a cable and unlock it, or "
+                                          "name one of those that are: %2")
+                               .arg(argument, namedDevices()));
+    return {DeviceStatus::Found, QStringLiteral("afc:") + (udid.isEmpty() ? udids.front() : udid), {}};
 }
 
 ResolvedDevice unsupported(const QString &what)
@@ -216,7 +249,7 @@ ResolvedDevice resolveDevice(const QString &argument)
     static const QRegularExpression withScheme(QStringLiteral("^([A-Za-z][A-Za-z0-9+.-]*):(.*)$"),
                                                QRegularExpression::DotMatchesEverythingOption);
     if (argument == QStringLiteral("usb"))
-        return unsupported(QStringLiteral("devices on USB"));
+        return resolveUsb(argument, QString());
     const QRegularExpressionMatch match = withScheme.match(argument);
     if (!match.hasMatch())
         return resolveFolder(argument);
@@ -224,7 +257,7 @@ ResolvedDevice resolveDevice(const QString &argument)
     if (scheme == QStringLiteral("folder"))
         return resolveFolder(match.captured(2));
     if (scheme == QStringLiteral("afc"))
-        return unsupported(QStringLiteral("devices on USB (%1)").arg(argument));
+        return resolveUsb(argument, match.captured(2));
     if (scheme == QStringLiteral("backup"))
         return unsupported(QStringLiteral("backups (%1)").arg(argument));
     if (exists(absolutePath(argument)))

@@ -24,12 +24,14 @@ struct ResolvedDevice {
     QString message;    ///< what is wrong and what to do next, one line; empty when Found
 };
 
-/// Finds out what `argument` names: a name with a scheme ("folder:PATH"), or a bare path whose kind is found by looking
-/// (a folder that holds PhotoData/Photos.sqlite). Relative paths become absolute. A path that exists is a path, also
-/// when it has a colon in it, but for the schemes that there are. `argument` was UTF-8; what was not stands in it as
-/// U+FFFD.
+/// Finds out what `argument` names: a name with a scheme ("folder:PATH", "afc:UDID"), or a bare path whose kind is
+/// found by looking (a folder that holds PhotoData/Photos.sqlite), or "usb" for the only device on USB. Relative paths
+/// become absolute. A path that exists is a path, also when it has a colon in it, but for the schemes that there are.
+/// `argument` was UTF-8; what was not stands in it as U+FFFD.
 ///
-/// Looks at the file system; changes nothing. May run on any thread.
+/// Of a device on USB it is only made sure that it is connected.
+///
+/// Looks at the file system and at the devices; changes nothing. May run on any thread.
 ResolvedDevice resolveDevice(const QString &argument);
 
 } // namespace devicehost

@@ -4,5 +4,5 @@ set -euo pipefail
 cd "$(dirname "$0")/.."
 mode=(--dry-run -Werror)
 [ "${1:-}" = --fix ] && mode=(-i)
-find apps devicehost examples exporter fuzz photolib testing tests \( -name '*.cpp' -o -name '*.h' \) -print0 |
+find apps bench devicehost examples exporter fuzz photolib testing tests \( -name '*.cpp' -o -name '*.h' \) -print0 |
     xargs -0 clang-format "${mode[@]}"

@@ -17,7 +17,8 @@ namespace
 {
 
 constexpr const char *footer =
-    "DEVICE is the folder that holds a device's DCIM and PhotoData folders, or folder:PATH.\n"
+    "DEVICE is the folder that holds a device's DCIM and PhotoData folders, or folder:PATH; usb for the device\n"
+    "on USB, or afc:UDID where there are several (\"photolib devices\" lists them).\n"
     "\"photolib COMMAND --help\" tells the options of a command.\n"
     "\n"
     "Exit status: 0 all done; 1 some items failed or were not found; 2 wrong usage; 3 the device\n"
@@ -28,6 +29,7 @@ void addCommands(CLI::App &app, Action &action)
     app.set_version_flag("--version", "photolib " PHOTOLIB_VERSION);
     app.require_subcommand(1);
     addGlobalOptions(app);
+    addDevicesCommand(app, action);
     addInfoCommand(app, action);
     addAlbumsCommand(app, action);
     addPhotosCommand(app, action);

@@ -6,8 +6,10 @@
 #include "apps/cli/progress_bar.h"
 #include "devicehost/advice.h"
 #include "devicehost/resolve_device.h"
+#include "devicehost/usb_devices.h"
 
 #include <atomic>
+#include <cmath>
 #include <new>
 
 namespace photocli
@@ -20,9 +22,20 @@ const QString databaseName = QStringLiteral("/PhotoData/Photos.sqlite");
 const QString checkDevice = QStringLiteral("check that this is the media root of a device, the folder that holds DCIM "
                                            "and PhotoData");
 
-QString resolved(const std::string &argument)
+void pairWith(const QString &device)
 {
-    const devicehost::ResolvedDevice device = devicehost::resolveDevice(QString::fromStdString(argument));
+    const QString scheme = QStringLiteral("afc:");
+    if (!device.startsWith(scheme))
+        throw Failure{ExitUsage, QStringLiteral("--pair is for devices on USB, which %1 is not").arg(quoted(device))};
+    const QString problem = devicehost::pairUsbDevice(device.mid(scheme.size()));
+    if (!problem.isEmpty())
+        throw Failure{ExitDeviceUnreachable, QStringLiteral("%1: %2").arg(device, problem)};
+}
+
+QString resolved(const DeviceOptions &options)
+{
+    applyUsbOptions(options);
+    const devicehost::ResolvedDevice device = devicehost::resolveDevice(QString::fromStdString(options.device));
     switch (device.status) {
     case devicehost::DeviceStatus::Found:
         break;
@@ -33,10 +46,17 @@ QString resolved(const std::string &argument)
     case devicehost::DeviceStatus::NoLibrary:
         throw Failure{ExitLibraryUnreadable, device.message};
     }
+    if (options.pair)
+        pairWith(device.devicePath);
     return device.devicePath;
 }
 
 } // namespace
+
+void applyUsbOptions(const UsbOptions &options)
+{
+    devicehost::setUsbTimeout(std::chrono::milliseconds(std::llround(options.timeout * 1000)));
+}
 
 void LibrarySession::Releaser::operator()(photo_manager_int *manager) const
 {
@@ -49,7 +69,7 @@ void LibrarySession::Releaser::operator()(photo_manager_int *manager) const
 
 LibrarySession::LibrarySession(const DeviceOptions &options)
     : log(QString::fromStdString(options.logFile), options.verbose),
-      host(std::make_unique<devicehost::DeviceHost>(resolved(options.device))),
+      host(std::make_unique<devicehost::DeviceHost>(resolved(options))),
       interrupts(std::make_unique<InterruptScope>(*host))
 {
     open(options.showProgress());

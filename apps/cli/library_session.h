@@ -13,6 +13,9 @@
 namespace photocli
 {
 
+/// Makes the waiting for devices on USB as long as `options` say.
+void applyUsbOptions(const UsbOptions &options);
+
 /// A device with its photo library open. Everything that the opening made on this computer goes with the object.
 class LibrarySession
 {

@@ -71,7 +71,7 @@ void FileWatch::fail(const QString &what, const VError &error)
     const QString title =
         device ? QStringLiteral("%1 on the device").arg(path)
                : QStringLiteral("the local copy %1 of %2 on the device").arg(path, sourceOfLocalCopy(path));
-    const QString advice = device ? deviceAdvice(error.code) : localAdvice(error.code);
+    const QString advice = device ? deviceAdvice(error) : localAdvice(error.code);
     host->recordFailure(QStringLiteral("%1 cannot be %2: %3; %4").arg(title, what, error.text, advice));
 }
 

@@ -38,12 +38,12 @@ std::unique_ptr<VDev> openAnnouncedDevice(const char *name)
     // The name may have lost characters in the local encoding; the host knows it in full.
     const QByteArray fullName = host == nullptr ? QByteArray(name) : host->devicePath().toUtf8();
     VError error;
-    std::unique_ptr<VDev> device = devicehost::openDevice(fullName.constData(), &error);
+    std::unique_ptr<VDev> device = devicehost::openDevice(fullName.constData(), host, &error);
     if (device != nullptr)
         device->host = host;
     else if (host != nullptr && !host->stopRequested())
         host->recordFailure(QStringLiteral("the device %1 cannot be opened: %2; %3")
-                                .arg(host->devicePath(), error.text, devicehost::deviceAdvice(error.code)));
+                                .arg(host->devicePath(), error.text, devicehost::deviceAdvice(error)));
     return device;
 }
 
@@ -53,7 +53,7 @@ devicehost::OpenError devicehost::lastOpenError()
 {
     const bool absent = isAbsence(lastFailure);
     const bool hasAdvice = !absent && lastFailure.code != 0;
-    return {absent, lastFailure.text, hasAdvice ? deviceAdvice(lastFailure.code) : QString()};
+    return {absent, lastFailure.text, hasAdvice ? deviceAdvice(lastFailure) : QString()};
 }
 
 VDev *vDevOpen(VDevType type, const char *path)

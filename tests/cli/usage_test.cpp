@@ -76,9 +76,9 @@ TEST(Usage, WrongLinesAreRefusedBeforeAnythingIsRead)
 
 TEST(Usage, UnknownCommandIsNamedBesideThoseThereAre)
 {
-    const char *commands = "the commands are info, albums, photos, groups, show, thumbnail, contact-sheet, "
+    const char *commands = "the commands are devices, info, albums, photos, groups, show, thumbnail, contact-sheet, "
                            "export, dump, sample";
-    expectFailure(run({"foo"}), 2, "there is no command \"foo\"; the commands are info, albums,");
+    expectFailure(run({"foo"}), 2, "there is no command \"foo\"; the commands are devices, info,");
     expectFailure(run({"foo", "/dev"}), 2, commands);
     expectFailure(run({"--verbose", "foo"}), 2, "\"foo\"");
     expectFailure(run({}), 2, commands);

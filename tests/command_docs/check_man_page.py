@@ -11,6 +11,7 @@ sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[2] / "scripts"))
 from command_help import read_help
 
 COMMON = "Options of every command"
+WITH_DEVICE = "Options of every command with a DEVICE"
 WITHOUT_COMMAND = "Options without a command"
 
 
@@ -37,8 +38,8 @@ def read_page(text):
             sections[name]["options"] |= found
         elif line.startswith(".Sx "):
             sections[name]["also"].append(line[4:].rstrip(" ,."))
-        elif match := re.match(r"\.D1 Nm Cm (\S+) Ar (.*)", line):
-            sections[name]["usage"] = match[1], match[2]
+        elif match := re.match(r"\.D1 Nm Cm (\S+)(?: Ar (.*))?$", line):
+            sections[name]["usage"] = match[1], match[2] or ""
     return sections
 
 
@@ -66,10 +67,12 @@ def differences(sections, commands):
     yield from compare("without a command", common | sections[WITHOUT_COMMAND]["options"], options_of(commands[""]))
     described = {name for name, section in sections.items() if section["chapter"] == "COMMANDS"} - {"COMMANDS"}
     yield from compare("commands", described, set(commands) - {""})
-    used = {COMMON, WITHOUT_COMMAND} | described
+    used = {COMMON, WITH_DEVICE, WITHOUT_COMMAND} | described
     for name in sorted(described & set(commands)):
         section = sections[name]
         page = common | section["options"]
+        if section["usage"] and "DEVICE" in section["usage"][1].split():
+            page |= sections[WITH_DEVICE]["options"]
         for other in section["also"]:
             page |= sections[other]["options"]
             used.add(other)

@@ -61,6 +61,9 @@ copy
 edit "$page" 's/^\.It Fl -all/.It Fl -brush Ar N\n&/'
 must_fail "an option that only the page knows" check_page "$photolib"
 copy
+edit "$page" 's/^\.It Fl -pair/.It Fl -marry/'
+must_fail "an option of every device that the page lacks" check_page "$photolib"
+copy
 edit "$page" 's/^\.It Fl -limit Ar N/.It Fl -limit/'
 must_fail "a value that the page lacks" check_page "$photolib"
 copy

@@ -1,5 +1,8 @@
 #include "vdev_backends.h"
 
+#include "devicehost/device_host.h"
+#include "testing/simulated_phone.h"
+
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
@@ -47,6 +50,32 @@ class FolderBackend final : public FolderContent
     VDev *open() override { return vDevOpen(VDevDevice, ("folder:" + root()).constData()); }
 };
 
+#ifdef PHOTOLIB_AFC
+/// The folder is the media root of a phone on USB, announced by a host, as the library's devices are: it keeps the
+/// connections.
+template <bool encrypted>
+class UsbBackend final : public FolderContent
+{
+public:
+    UsbBackend() : phone(QString::fromUtf8(root()), options()), host(QString::fromLatin1(name())) { phone.useHere(); }
+
+    VDev *open() override { return vDevOpen(VDevDevice, name().constData()); }
+
+private:
+    static QByteArray name() { return "afc:" + testkit::SimulatedPhone::defaultUdid(); }
+
+    static testkit::SimulatedPhoneOptions options()
+    {
+        testkit::SimulatedPhoneOptions made;
+        made.tls = encrypted;
+        return made;
+    }
+
+    testkit::SimulatedPhone phone;
+    devicehost::DeviceHost host;
+};
+#endif
+
 template <class Backend>
 std::unique_ptr<BackendUnderTest> make()
 {
@@ -58,5 +87,9 @@ std::unique_ptr<BackendUnderTest> make()
 const BackendKind backendKinds[] = {
     {"local", true, &make<LocalBackend>},
     {"folder", false, &make<FolderBackend>},
+#ifdef PHOTOLIB_AFC
+    {"afc", false, &make<UsbBackend<false>>},
+    {"afc_encrypted", false, &make<UsbBackend<true>>},
+#endif
 };
 const int backendKindCount = sizeof backendKinds / sizeof backendKinds[0];

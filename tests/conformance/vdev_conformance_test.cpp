@@ -311,8 +311,8 @@ TEST(VdevHandles, NullHandlesAreAccepted)
 
 TEST(VdevHandles, DevicesThatDoNotExistAreNotOpened)
 {
-    for (const char *name :
-         {"", "folder", "folder:", "folder:/no/such/folder", "/tmp", "unknown:/tmp", ":/tmp", "FOLDER:/tmp"})
+    for (const char *name : {"", "folder", "folder:", "folder:/no/such/folder", "/tmp", "unknown:/tmp", ":/tmp",
+                             "FOLDER:/tmp", "afc", "AFC:"})
         EXPECT_EQ(vDevOpen(VDevDevice, name), nullptr) << name;
     EXPECT_EQ(vDevOpen(VDevDevice, nullptr), nullptr);
     EXPECT_EQ(vDevOpen(VDevLocal, "/no/such/folder"), nullptr);

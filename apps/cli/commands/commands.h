@@ -17,6 +17,7 @@ namespace photocli
 using Action = std::function<ExitCode()>;
 
 /// Each adds one subcommand to `app`; parsing a line that names it sets `action`, which must outlive the parsing.
+void addDevicesCommand(CLI::App &app, Action &action);
 void addInfoCommand(CLI::App &app, Action &action);
 void addAlbumsCommand(CLI::App &app, Action &action);
 void addPhotosCommand(CLI::App &app, Action &action);

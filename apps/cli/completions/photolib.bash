@@ -3,16 +3,17 @@
 # The options of a command; those before any command where it is empty.
 _photolib_options() {
     case $1 in
-    '') echo '-h --help --version -v --verbose --log-file --no-progress' ;;
-    'info') echo '-h --help --log-file -v --verbose --no-progress --json' ;;
-    'albums') echo '-h --help --log-file -v --verbose --no-progress --json --csv --all' ;;
-    'photos') echo '-h --help --log-file -v --verbose --no-progress --json --csv --album --group --favorite --hidden --deleted --only-photos --only-movies --from-date --to-date --uuid --limit' ;;
-    'groups') echo '-h --help --log-file -v --verbose --no-progress --json --csv --group' ;;
-    'show') echo '-h --help --log-file -v --verbose --no-progress --json' ;;
-    'thumbnail') echo '-h --help --log-file -v --verbose --no-progress -o --output --png --force' ;;
-    'contact-sheet') echo '-h --help --log-file -v --verbose --no-progress -o --output --title --force --album --group --favorite --hidden --deleted --only-photos --only-movies --from-date --to-date --uuid --limit' ;;
-    'export') echo '-h --help --log-file -v --verbose --no-progress --layout --utc --albums --edited --retries --dry-run --verify --report --album --group --favorite --hidden --deleted --only-photos --only-movies --from-date --to-date --uuid --limit' ;;
-    'dump') echo '-h --help --log-file -v --verbose --no-progress' ;;
+    '') echo '-h --help --version -v --verbose --log-file --no-progress --pair --timeout' ;;
+    'devices') echo '-h --help --log-file -v --verbose --no-progress --timeout --json' ;;
+    'info') echo '-h --help --pair --log-file -v --verbose --no-progress --timeout --json' ;;
+    'albums') echo '-h --help --pair --log-file -v --verbose --no-progress --timeout --json --csv --all' ;;
+    'photos') echo '-h --help --pair --log-file -v --verbose --no-progress --timeout --json --csv --album --group --favorite --hidden --deleted --only-photos --only-movies --from-date --to-date --uuid --limit' ;;
+    'groups') echo '-h --help --pair --log-file -v --verbose --no-progress --timeout --json --csv --group' ;;
+    'show') echo '-h --help --pair --log-file -v --verbose --no-progress --timeout --json' ;;
+    'thumbnail') echo '-h --help --pair --log-file -v --verbose --no-progress --timeout -o --output --png --force' ;;
+    'contact-sheet') echo '-h --help --pair --log-file -v --verbose --no-progress --timeout -o --output --title --force --album --group --favorite --hidden --deleted --only-photos --only-movies --from-date --to-date --uuid --limit' ;;
+    'export') echo '-h --help --pair --log-file -v --verbose --no-progress --timeout --layout --utc --albums --edited --retries --dry-run --verify --report --album --group --favorite --hidden --deleted --only-photos --only-movies --from-date --to-date --uuid --limit' ;;
+    'dump') echo '-h --help --pair --log-file -v --verbose --no-progress --timeout' ;;
     'sample') echo '-h --help --era --log-file -v --verbose --no-progress' ;;
     esac
 }
@@ -22,11 +23,17 @@ _photolib_options() {
 _photolib_value() {
     case $1 in
     ' --log-file') echo 'files' ;;
+    ' --timeout') echo 'nothing' ;;
+    'devices --log-file') echo 'files' ;;
+    'devices --timeout') echo 'nothing' ;;
     'info --log-file') echo 'files' ;;
+    'info --timeout') echo 'nothing' ;;
     'info 0') echo folders ;;
     'albums --log-file') echo 'files' ;;
+    'albums --timeout') echo 'nothing' ;;
     'albums 0') echo folders ;;
     'photos --log-file') echo 'files' ;;
+    'photos --timeout') echo 'nothing' ;;
     'photos --album') echo 'nothing' ;;
     'photos --group') echo 'videos photos people places recently-deleted favorites portrait panoramas live-photos time-lapse screen-recordings slow-motion animated memories bursts screenshots selfies hidden imported raw badge-8 duplicates cinematic camera-roll shared cloud synced photo-stream' ;;
     'photos --from-date') echo 'nothing' ;;
@@ -35,16 +42,20 @@ _photolib_value() {
     'photos --limit') echo 'nothing' ;;
     'photos 0') echo folders ;;
     'groups --log-file') echo 'files' ;;
+    'groups --timeout') echo 'nothing' ;;
     'groups --group') echo 'videos photos people places recently-deleted favorites portrait panoramas live-photos time-lapse screen-recordings slow-motion animated memories bursts screenshots selfies hidden imported raw badge-8 duplicates cinematic camera-roll shared cloud synced photo-stream' ;;
     'groups 0') echo folders ;;
     'show --log-file') echo 'files' ;;
+    'show --timeout') echo 'nothing' ;;
     'show 0') echo folders ;;
     'show '*) echo nothing ;;
     'thumbnail --log-file') echo 'files' ;;
+    'thumbnail --timeout') echo 'nothing' ;;
     'thumbnail -o' | 'thumbnail --output') echo 'files' ;;
     'thumbnail 0') echo folders ;;
     'thumbnail 1') echo nothing ;;
     'contact-sheet --log-file') echo 'files' ;;
+    'contact-sheet --timeout') echo 'nothing' ;;
     'contact-sheet -o' | 'contact-sheet --output') echo 'files' ;;
     'contact-sheet --title') echo 'nothing' ;;
     'contact-sheet --album') echo 'nothing' ;;
@@ -55,6 +66,7 @@ _photolib_value() {
     'contact-sheet --limit') echo 'nothing' ;;
     'contact-sheet 0') echo folders ;;
     'export --log-file') echo 'files' ;;
+    'export --timeout') echo 'nothing' ;;
     'export --layout') echo 'nothing' ;;
     'export --retries') echo 'nothing' ;;
     'export --report') echo 'files' ;;
@@ -67,6 +79,7 @@ _photolib_value() {
     'export 0') echo folders ;;
     'export 1') echo folders ;;
     'dump --log-file') echo 'files' ;;
+    'dump --timeout') echo 'nothing' ;;
     'dump 0') echo folders ;;
     'sample --era') echo 'ios11 ios12 ios13 ios14 ios15 ios16 ios17 ios18 ios26' ;;
     'sample --log-file') echo 'files' ;;
@@ -99,7 +112,7 @@ _photolib() {
     if [[ -z $kind && $current == -* ]]; then
         kind=$(_photolib_options "$command")
     elif [[ -z $kind && -z $command ]]; then
-        kind='info albums photos groups show thumbnail contact-sheet export dump sample'
+        kind='devices info albums photos groups show thumbnail contact-sheet export dump sample'
     elif [[ -z $kind ]]; then
         kind=$(_photolib_value "$command $place")
     fi

@@ -12,10 +12,26 @@ constexpr const char *verboseName = "--verbose";
 constexpr const char *logFileName = "--log-file";
 constexpr const char *noProgressName = "--no-progress";
 
+constexpr const char *pairName = "--pair";
+constexpr const char *timeoutName = "--timeout";
+
 constexpr const char *verboseFlags = "-v,--verbose";
 constexpr const char *verboseHelp = "Show the log lines on standard error";
 constexpr const char *logFileHelp = "Append every log line to FILE (\"TAG LEVEL MESSAGE\")";
 constexpr const char *noProgressHelp = "Show no progress bar, also on a terminal";
+
+constexpr const char *pairHelp = "Forget a device on USB and pair with it anew before it is read";
+constexpr const char *timeoutHelp = "Give a device on USB up when it does not answer for SECONDS (30 unless given)";
+constexpr double longestTimeout = 3600;
+
+std::string refusalOfTimeout(const std::string &text)
+{
+    double seconds = 0;
+    const bool isNumber = CLI::detail::lexical_cast(text, seconds);
+    return isNumber && seconds > 0 && seconds <= longestTimeout
+               ? ""
+               : "\"" + text + "\" is no number of seconds above 0 and up to 3600";
+}
 
 // Options before the command have been read when the command's own are about to be.
 void takeOver(const CLI::App &app, LogOptions &options)
@@ -27,6 +43,19 @@ void takeOver(const CLI::App &app, LogOptions &options)
         options.logFile = files.back();
 }
 
+void takeOver(const CLI::App &app, ProgressOptions &options)
+{
+    takeOver(app, static_cast<LogOptions &>(options));
+    options.noProgress = app.count(noProgressName) > 0;
+}
+
+void takeOver(const CLI::App &app, UsbOptions &options)
+{
+    options.pair = app.count(pairName) > 0;
+    if (app.count(timeoutName) > 0)
+        options.timeout = app.get_option(timeoutName)->as<double>();
+}
+
 } // namespace
 
 void addGlobalOptions(CLI::App &app)
@@ -34,6 +63,8 @@ void addGlobalOptions(CLI::App &app)
     app.add_flag(verboseFlags, verboseHelp);
     app.add_option(logFileName, logFileHelp)->type_name("FILE");
     app.add_flag(noProgressName, noProgressHelp);
+    app.add_flag(pairName, pairHelp);
+    app.add_option(timeoutName, timeoutHelp)->type_name("SECONDS")->check(refusalOfTimeout);
 }
 
 void addLogOptions(CLI::App &command, LogOptions &options)
@@ -47,20 +78,29 @@ void addProgressOptions(CLI::App &command, ProgressOptions &options)
 {
     addLogOptions(command, options);
     command.add_flag(noProgressName, options.noProgress, noProgressHelp);
-    command.preparse_callback([&command, &options](std::size_t) {
-        takeOver(*command.get_parent(), options);
-        options.noProgress = command.get_parent()->count(noProgressName) > 0;
-    });
+    command.preparse_callback([&command, &options](std::size_t) { takeOver(*command.get_parent(), options); });
 }
 
 void addDeviceOptions(CLI::App &command, DeviceOptions &options)
 {
     command
         .add_option("DEVICE", options.device,
-                    "The device: a folder that holds its DCIM and PhotoData folders, or folder:PATH")
+                    "The device: a folder that holds its DCIM and PhotoData folders, or folder:PATH; usb for the "
+                    "device on USB, or afc:UDID")
         ->required()
         ->type_name("");
+    command.add_flag(pairName, options.pair, pairHelp);
+    addDeviceSearchOptions(command, options);
+}
+
+void addDeviceSearchOptions(CLI::App &command, DeviceOptions &options)
+{
     addProgressOptions(command, options);
+    command.add_option(timeoutName, options.timeout, timeoutHelp)->type_name("SECONDS")->check(refusalOfTimeout);
+    command.preparse_callback([&command, &options](std::size_t) {
+        takeOver(*command.get_parent(), static_cast<ProgressOptions &>(options));
+        takeOver(*command.get_parent(), static_cast<UsbOptions &>(options));
+    });
 }
 
 void addJsonOption(CLI::App &command, FormatOptions &options)

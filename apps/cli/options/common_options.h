@@ -26,8 +26,13 @@ struct ProgressOptions : LogOptions {
     bool showProgress() const { return !noProgress && !verbose; }
 };
 
+struct UsbOptions {
+    double timeout = 30; ///< seconds
+    bool pair = false;
+};
+
 /// What every subcommand that reads a device takes.
-struct DeviceOptions : ProgressOptions {
+struct DeviceOptions : ProgressOptions, UsbOptions {
     std::string device;
 };
 
@@ -37,7 +42,7 @@ struct FormatOptions {
     Format format() const { return json ? Format::Json : csv ? Format::Csv : Format::Table; }
 };
 
-/// Declares the log and progress options on the command line as a whole, for those who write them before the
+/// Declares the log, progress and USB options on the command line as a whole, for those who write them before the
 /// subcommand. Call it before any subcommand is added.
 void addGlobalOptions(CLI::App &app);
 
@@ -46,6 +51,9 @@ void addGlobalOptions(CLI::App &app);
 void addLogOptions(CLI::App &command, LogOptions &options);
 void addProgressOptions(CLI::App &command, ProgressOptions &options);
 void addDeviceOptions(CLI::App &command, DeviceOptions &options);
+
+/// For a subcommand that looks at devices on USB without reading any.
+void addDeviceSearchOptions(CLI::App &command, DeviceOptions &options);
 void addJsonOption(CLI::App &command, FormatOptions &options);
 void addFormatOptions(CLI::App &command, FormatOptions &options);
 

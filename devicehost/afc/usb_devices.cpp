@@ -1,0 +1,166 @@
+#include "devicehost/usb_devices.h"
+
+#include "devicehost/afc/bounded.h"
+#include "devicehost/afc/errors.h"
+#include "devicehost/afc/usb_handles.h"
+#include "devicehost/afc/usb_lookup.h"
+
+#include <plist/plist.h>
+#include <usbmuxd.h>
+
+#include <cstdlib>
+#include <optional>
+
+namespace devicehost
+{
+
+namespace
+{
+
+using namespace afc;
+
+bool neverStops()
+{
+    return false;
+}
+
+QString toSentence(const VError &error)
+{
+    return QStringLiteral("%1; %2").arg(error.text, error.advice);
+}
+
+LockdownHandle greet(const DeviceHandle &device)
+{
+    lockdownd_client_t client = nullptr;
+    lockdownd_client_new(device.get(), &client, lockdownLabel);
+    return LockdownHandle(client);
+}
+
+QString valueOf(const LockdownHandle &lockdown, const char *key)
+{
+    plist_t value = nullptr;
+    if (lockdownd_get_value(lockdown.get(), nullptr, key, &value) != LOCKDOWN_E_SUCCESS || value == nullptr)
+        return {};
+    char *text = nullptr;
+    if (plist_get_node_type(value) == PLIST_STRING)
+        plist_get_string_val(value, &text);
+    const QString result = QString::fromUtf8(text);
+    std::free(text);
+    plist_free(value);
+    return result;
+}
+
+bool isKnownHere(const QByteArray &udid)
+{
+    char *record = nullptr;
+    uint32_t size = 0;
+    const bool known = usbmuxd_read_pair_record(udid.constData(), &record, &size) == 0 && record != nullptr;
+    std::free(record);
+    return known;
+}
+
+UsbDevice::Trust trustAfter(lockdownd_error_t greeted)
+{
+    switch (greeted) {
+    case LOCKDOWN_E_SUCCESS:
+    case LOCKDOWN_E_PASSWORD_PROTECTED: // it has to know this computer to say so: there is a pairing record
+        return UsbDevice::Trust::Trusted;
+    case LOCKDOWN_E_PAIRING_DIALOG_RESPONSE_PENDING:
+        return UsbDevice::Trust::Asked;
+    case LOCKDOWN_E_USER_DENIED_PAIRING:
+        return UsbDevice::Trust::Refused;
+    case LOCKDOWN_E_INVALID_HOST_ID:
+        return UsbDevice::Trust::Forgotten;
+    default:
+        return UsbDevice::Trust::Unknown;
+    }
+}
+
+/// Only with a pairing record: without one the question would appear on the screen.
+void lookAtTrust(const DeviceHandle &device, UsbDevice *found)
+{
+    lockdownd_client_t client = nullptr;
+    const lockdownd_error_t greeted = lockdownd_client_new_with_handshake(device.get(), &client, lockdownLabel);
+    const LockdownHandle lockdown(client);
+    found->trust = trustAfter(greeted);
+    if (greeted == LOCKDOWN_E_PASSWORD_PROTECTED)
+        found->lock = UsbDevice::Lock::Locked;
+    if (greeted != LOCKDOWN_E_SUCCESS)
+        return;
+    lockdownd_service_descriptor_t service = nullptr;
+    const lockdownd_error_t started = lockdownd_start_service(lockdown.get(), "com.apple.afc", &service);
+    const ServiceHandle owned(service);
+    if (started == LOCKDOWN_E_SUCCESS)
+        found->lock = UsbDevice::Lock::Unlocked;
+    else if (started == LOCKDOWN_E_PASSWORD_PROTECTED)
+        found->lock = UsbDevice::Lock::Locked;
+}
+
+UsbDevice describe(const QByteArray &udid)
+{
+    const PipeSignalBlock block;
+    UsbDevice found;
+    found.udid = QString::fromUtf8(udid);
+    VError error;
+    const DeviceHandle device = openUsbDevice(udid, &error);
+    if (device == nullptr)
+        return found;
+    if (const LockdownHandle lockdown = greet(device)) {
+        found.name = valueOf(lockdown, "DeviceName");
+        found.model = valueOf(lockdown, "ProductType");
+        found.systemVersion = valueOf(lockdown, "ProductVersion");
+    }
+    if (isKnownHere(udid))
+        lookAtTrust(device, &found);
+    else
+        found.trust = UsbDevice::Trust::NotYet;
+    return found;
+}
+
+QString pairNow(const QByteArray &udid)
+{
+    const PipeSignalBlock block;
+    VError error;
+    const DeviceHandle device = openUsbDevice(udid, &error);
+    if (device == nullptr)
+        return toSentence(error);
+    const LockdownHandle lockdown = greet(device);
+    if (lockdown == nullptr)
+        return toSentence(explain(ErrorSource::Lockdown, LOCKDOWN_E_MUX_ERROR));
+    lockdownd_unpair(lockdown.get(), nullptr); // which a device that has forgotten this computer refuses
+    const lockdownd_error_t paired = lockdownd_pair(lockdown.get(), nullptr);
+    return paired == LOCKDOWN_E_SUCCESS ? QString() : toSentence(explain(ErrorSource::Lockdown, paired));
+}
+
+} // namespace
+
+bool usbIsSupported()
+{
+    return true;
+}
+
+UsbDevices listUsbDevices()
+{
+    VError error;
+    UsbDevices result;
+    for (const QByteArray &udid : connectedUdids(&error)) {
+        UsbDevice silent;
+        silent.udid = QString::fromUtf8(udid);
+        VError gaveUp;
+        const std::function<UsbDevice()> look = [udid] { return describe(udid); };
+        result.devices += runBounded(look, usbTimeout(), neverStops, &gaveUp).value_or(silent);
+    }
+    if (error.code != 0)
+        result.failure = toSentence(error);
+    return result;
+}
+
+QString pairUsbDevice(const QString &udid)
+{
+    VError error;
+    const std::function<QString()> pair = [name = udid.toUtf8()] { return pairNow(name); };
+    const std::optional<QString> problem = runBounded(pair, usbTimeout(), neverStops, &error);
+    return problem ? *problem : toSentence(error);
+}
+
+} // namespace devicehost

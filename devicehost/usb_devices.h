@@ -1,0 +1,61 @@
+#ifndef DEVICEHOST_USB_DEVICES_H
+#define DEVICEHOST_USB_DEVICES_H
+
+/// @file
+/// Devices on USB: which there are, pairing with them, and how long to wait for them.
+
+#include <QList>
+#include <QString>
+
+#include <chrono>
+
+namespace devicehost
+{
+
+/// A device on USB. A plain value.
+struct UsbDevice {
+    /// Whether the device lets this computer read it.
+    enum class Trust {
+        Unknown,   ///< it did not say
+        Trusted,   ///< paired
+        NotYet,    ///< it was never asked; opening it asks, and the question appears on its screen
+        Asked,     ///< the question is on its screen
+        Refused,   ///< somebody tapped "Don't Trust"
+        Forgotten, ///< this computer knows it, but it does not know this computer any more: pairUsbDevice() mends that
+    };
+    enum class Lock { Unknown, Unlocked, Locked };
+
+    QString udid;          ///< its lasting name; "afc:" before it makes a name for DeviceHost
+    QString name;          ///< what its owner calls it; empty when it did not say, as the two below
+    QString model;         ///< the kind of device, as a code of its maker
+    QString systemVersion; ///< such as 17.5.1
+    Trust trust = Trust::Unknown;
+    Lock lock = Lock::Unknown;
+};
+
+/// The answer of listUsbDevices().
+struct UsbDevices {
+    QList<UsbDevice> devices;
+    QString failure; ///< why nobody can be asked, and what to do; one line without a final full stop, or empty
+};
+
+/// Whether this build reaches devices on USB; otherwise the functions below say in their messages that it does not.
+bool usbIsSupported();
+
+/// The devices on USB, as far as they tell of themselves. Nothing changes on them, and no question appears on their
+/// screens. Waits for usbTimeout() for each at most. Any thread.
+UsbDevices listUsbDevices();
+
+/// Forgets what the device and this computer knew of each other and pairs them anew; the device asks its owner. Empty
+/// when they are paired now; else what is wrong and what to do, one line without a final full stop: often that somebody
+/// has to tap Trust on the device and call this again. Any thread.
+QString pairUsbDevice(const QString &udid);
+
+/// How long devices that are opened from now on may take for one answer before the operation fails; 30 seconds unless
+/// set. Any thread.
+void setUsbTimeout(std::chrono::milliseconds timeout);
+std::chrono::milliseconds usbTimeout();
+
+} // namespace devicehost
+
+#endif
