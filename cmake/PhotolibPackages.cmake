@@ -67,7 +67,7 @@ set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_NAME libphotolib-dev)
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SECTION libdevel)
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SHLIBDEPS OFF)
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS
-    "${library_package} (= ${debian_version}), qtbase5-dev (>= 5.15), libsqlite3-dev")
+    "${library_package} (= ${debian_version}), qtbase5-dev (>= 5.15), libsqlite3-dev, libssl-dev")
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SUGGESTS "cmake (>= 3.24) | pkg-config")
 set(CPACK_COMPONENT_DEVELOPMENT_DESCRIPTION "photo library reader for iOS devices - development files
 Headers, the reference host (devicehost) as a static archive, descriptions for

@@ -39,6 +39,18 @@ QString HostState::failure() const
     return firstFailure;
 }
 
+void HostState::keepBackup(std::shared_ptr<const Backup> opened)
+{
+    const std::lock_guard<std::mutex> lock(mutex);
+    backup = std::move(opened);
+}
+
+std::shared_ptr<const Backup> HostState::openedBackup() const
+{
+    const std::lock_guard<std::mutex> lock(mutex);
+    return backup;
+}
+
 void HostState::recordDatabaseError(int code) noexcept
 {
     int none = 0;

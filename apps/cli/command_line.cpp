@@ -17,7 +17,8 @@ namespace
 {
 
 constexpr const char *footer =
-    "DEVICE is the folder that holds a device's DCIM and PhotoData folders, or folder:PATH.\n"
+    "DEVICE is the folder that holds a device's DCIM and PhotoData folders (folder:PATH), or the folder\n"
+    "of a computer backup of a device, encrypted or not (backup:PATH).\n"
     "\"photolib COMMAND --help\" tells the options of a command.\n"
     "\n"
     "Exit status: 0 all done; 1 some items failed or were not found; 2 wrong usage; 3 the device\n"

@@ -1,5 +1,6 @@
 #include "devicehost/vdev/schemes.h"
 
+#include "devicehost/vdev/backup_device.h"
 #include "devicehost/vdev/folder.h"
 
 #include <cerrno>
@@ -18,6 +19,7 @@ struct Scheme {
 
 /// Every kind of device that a name can stand for.
 constexpr Scheme schemes[] = {
+    {"backup:", &openBackupDevice},
     {"folder:", &openFolderDevice},
 };
 

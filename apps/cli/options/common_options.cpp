@@ -12,10 +12,14 @@ constexpr const char *verboseName = "--verbose";
 constexpr const char *logFileName = "--log-file";
 constexpr const char *noProgressName = "--no-progress";
 
+constexpr const char *passwordFileName = "--password-file";
+
 constexpr const char *verboseFlags = "-v,--verbose";
 constexpr const char *verboseHelp = "Show the log lines on standard error";
 constexpr const char *logFileHelp = "Append every log line to FILE (\"TAG LEVEL MESSAGE\")";
 constexpr const char *noProgressHelp = "Show no progress bar, also on a terminal";
+
+constexpr const char *passwordFileHelp = "Read the password of an encrypted backup from FILE, or - for standard input";
 
 // Options before the command have been read when the command's own are about to be.
 void takeOver(const CLI::App &app, LogOptions &options)
@@ -34,6 +38,7 @@ void addGlobalOptions(CLI::App &app)
     app.add_flag(verboseFlags, verboseHelp);
     app.add_option(logFileName, logFileHelp)->type_name("FILE");
     app.add_flag(noProgressName, noProgressHelp);
+    app.add_option(passwordFileName, passwordFileHelp)->type_name("FILE");
 }
 
 void addLogOptions(CLI::App &command, LogOptions &options)
@@ -57,10 +62,18 @@ void addDeviceOptions(CLI::App &command, DeviceOptions &options)
 {
     command
         .add_option("DEVICE", options.device,
-                    "The device: a folder that holds its DCIM and PhotoData folders, or folder:PATH")
+                    "The device: a folder that holds its DCIM and PhotoData folders, or the folder of a backup")
         ->required()
         ->type_name("");
     addProgressOptions(command, options);
+    command.add_option(passwordFileName, options.passwordFile, passwordFileHelp)->type_name("FILE");
+    command.preparse_callback([&command, &options](std::size_t) {
+        takeOver(*command.get_parent(), options);
+        options.noProgress = command.get_parent()->count(noProgressName) > 0;
+        const std::vector<std::string> files = command.get_parent()->get_option(passwordFileName)->results();
+        if (!files.empty())
+            options.passwordFile = files.back();
+    });
 }
 
 void addJsonOption(CLI::App &command, FormatOptions &options)

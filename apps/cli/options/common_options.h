@@ -29,6 +29,7 @@ struct ProgressOptions : LogOptions {
 /// What every subcommand that reads a device takes.
 struct DeviceOptions : ProgressOptions {
     std::string device;
+    std::string passwordFile; ///< empty for none, "-" for standard input
 };
 
 struct FormatOptions {
@@ -37,7 +38,7 @@ struct FormatOptions {
     Format format() const { return json ? Format::Json : csv ? Format::Csv : Format::Table; }
 };
 
-/// Declares the log and progress options on the command line as a whole, for those who write them before the
+/// Declares the log, progress and password options on the command line as a whole, for those who write them before the
 /// subcommand. Call it before any subcommand is added.
 void addGlobalOptions(CLI::App &app);
 
