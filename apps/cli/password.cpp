@@ -93,8 +93,8 @@ QString reasonFor(int code)
 
 int askOnTerminal(const QString &device, QByteArray *password)
 {
+    const SilentTerminal silence; // from before the question on: nothing of the answer is shown or lost
     printPrompt(QStringLiteral("Password of %1: ").arg(device));
-    const SilentTerminal silence;
     return readLine(STDIN_FILENO, password);
 }
 

@@ -3,16 +3,16 @@
 # The options of a command; those before any command where it is empty.
 _photolib_options() {
     case $1 in
-    '') echo '-h --help --version -v --verbose --log-file --no-progress' ;;
-    'info') echo '-h --help --log-file -v --verbose --no-progress --json' ;;
-    'albums') echo '-h --help --log-file -v --verbose --no-progress --json --csv --all' ;;
-    'photos') echo '-h --help --log-file -v --verbose --no-progress --json --csv --album --group --favorite --hidden --deleted --only-photos --only-movies --from-date --to-date --uuid --limit' ;;
-    'groups') echo '-h --help --log-file -v --verbose --no-progress --json --csv --group' ;;
-    'show') echo '-h --help --log-file -v --verbose --no-progress --json' ;;
-    'thumbnail') echo '-h --help --log-file -v --verbose --no-progress -o --output --png --force' ;;
-    'contact-sheet') echo '-h --help --log-file -v --verbose --no-progress -o --output --title --force --album --group --favorite --hidden --deleted --only-photos --only-movies --from-date --to-date --uuid --limit' ;;
-    'export') echo '-h --help --log-file -v --verbose --no-progress --layout --utc --albums --edited --retries --dry-run --verify --report --album --group --favorite --hidden --deleted --only-photos --only-movies --from-date --to-date --uuid --limit' ;;
-    'dump') echo '-h --help --log-file -v --verbose --no-progress' ;;
+    '') echo '-h --help --version -v --verbose --log-file --no-progress --password-file' ;;
+    'info') echo '-h --help --log-file -v --verbose --no-progress --password-file --json' ;;
+    'albums') echo '-h --help --log-file -v --verbose --no-progress --password-file --json --csv --all' ;;
+    'photos') echo '-h --help --log-file -v --verbose --no-progress --password-file --json --csv --album --group --favorite --hidden --deleted --only-photos --only-movies --from-date --to-date --uuid --limit' ;;
+    'groups') echo '-h --help --log-file -v --verbose --no-progress --password-file --json --csv --group' ;;
+    'show') echo '-h --help --log-file -v --verbose --no-progress --password-file --json' ;;
+    'thumbnail') echo '-h --help --log-file -v --verbose --no-progress --password-file -o --output --png --force' ;;
+    'contact-sheet') echo '-h --help --log-file -v --verbose --no-progress --password-file -o --output --title --force --album --group --favorite --hidden --deleted --only-photos --only-movies --from-date --to-date --uuid --limit' ;;
+    'export') echo '-h --help --log-file -v --verbose --no-progress --password-file --layout --utc --albums --edited --retries --dry-run --verify --report --album --group --favorite --hidden --deleted --only-photos --only-movies --from-date --to-date --uuid --limit' ;;
+    'dump') echo '-h --help --log-file -v --verbose --no-progress --password-file' ;;
     'sample') echo '-h --help --era --log-file -v --verbose --no-progress' ;;
     esac
 }
@@ -22,11 +22,15 @@ _photolib_options() {
 _photolib_value() {
     case $1 in
     ' --log-file') echo 'files' ;;
+    ' --password-file') echo 'files' ;;
     'info --log-file') echo 'files' ;;
+    'info --password-file') echo 'files' ;;
     'info 0') echo folders ;;
     'albums --log-file') echo 'files' ;;
+    'albums --password-file') echo 'files' ;;
     'albums 0') echo folders ;;
     'photos --log-file') echo 'files' ;;
+    'photos --password-file') echo 'files' ;;
     'photos --album') echo 'nothing' ;;
     'photos --group') echo 'videos photos people places recently-deleted favorites portrait panoramas live-photos time-lapse screen-recordings slow-motion animated memories bursts screenshots selfies hidden imported raw badge-8 duplicates cinematic camera-roll shared cloud synced photo-stream' ;;
     'photos --from-date') echo 'nothing' ;;
@@ -35,16 +39,20 @@ _photolib_value() {
     'photos --limit') echo 'nothing' ;;
     'photos 0') echo folders ;;
     'groups --log-file') echo 'files' ;;
+    'groups --password-file') echo 'files' ;;
     'groups --group') echo 'videos photos people places recently-deleted favorites portrait panoramas live-photos time-lapse screen-recordings slow-motion animated memories bursts screenshots selfies hidden imported raw badge-8 duplicates cinematic camera-roll shared cloud synced photo-stream' ;;
     'groups 0') echo folders ;;
     'show --log-file') echo 'files' ;;
+    'show --password-file') echo 'files' ;;
     'show 0') echo folders ;;
     'show '*) echo nothing ;;
     'thumbnail --log-file') echo 'files' ;;
+    'thumbnail --password-file') echo 'files' ;;
     'thumbnail -o' | 'thumbnail --output') echo 'files' ;;
     'thumbnail 0') echo folders ;;
     'thumbnail 1') echo nothing ;;
     'contact-sheet --log-file') echo 'files' ;;
+    'contact-sheet --password-file') echo 'files' ;;
     'contact-sheet -o' | 'contact-sheet --output') echo 'files' ;;
     'contact-sheet --title') echo 'nothing' ;;
     'contact-sheet --album') echo 'nothing' ;;
@@ -55,6 +63,7 @@ _photolib_value() {
     'contact-sheet --limit') echo 'nothing' ;;
     'contact-sheet 0') echo folders ;;
     'export --log-file') echo 'files' ;;
+    'export --password-file') echo 'files' ;;
     'export --layout') echo 'nothing' ;;
     'export --retries') echo 'nothing' ;;
     'export --report') echo 'files' ;;
@@ -67,6 +76,7 @@ _photolib_value() {
     'export 0') echo folders ;;
     'export 1') echo folders ;;
     'dump --log-file') echo 'files' ;;
+    'dump --password-file') echo 'files' ;;
     'dump 0') echo folders ;;
     'sample --era') echo 'ios11 ios12 ios13 ios14 ios15 ios16 ios17 ios18 ios26' ;;
     'sample --log-file') echo 'files' ;;

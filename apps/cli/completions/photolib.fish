@@ -5,7 +5,7 @@ function __photolib_command --description 'The command on the line, or nothing'
     set -e words[1]
     while set -q words[1]
         switch $words[1]
-            case --log-file
+            case --log-file --password-file
                 set -e words[1]
             case '-*'
             case '*'
@@ -38,11 +38,13 @@ complete -c photolib -n '__photolib_is' -l version -d 'Display program version i
 complete -c photolib -n '__photolib_is' -s v -l verbose -d 'Show the log lines on standard error'
 complete -c photolib -n '__photolib_is' -l log-file -r -F -d 'Append every log line to FILE ("TAG LEVEL MESSAGE")'
 complete -c photolib -n '__photolib_is' -l no-progress -d 'Show no progress bar, also on a terminal'
+complete -c photolib -n '__photolib_is' -l password-file -r -F -d 'Read the password of an encrypted backup from FILE, or - for standard input'
 
 complete -c photolib -n '__photolib_is info' -s h -l help -d 'Print this help message and exit'
 complete -c photolib -n '__photolib_is info' -l log-file -r -F -d 'Append every log line to FILE ("TAG LEVEL MESSAGE")'
 complete -c photolib -n '__photolib_is info' -s v -l verbose -d 'Show the log lines on standard error'
 complete -c photolib -n '__photolib_is info' -l no-progress -d 'Show no progress bar, also on a terminal'
+complete -c photolib -n '__photolib_is info' -l password-file -r -F -d 'Read the password of an encrypted backup from FILE, or - for standard input'
 complete -c photolib -n '__photolib_is info' -l json -d 'Print JSON'
 complete -c photolib -n '__photolib_is info' -a '(__fish_complete_directories)'
 
@@ -50,6 +52,7 @@ complete -c photolib -n '__photolib_is albums' -s h -l help -d 'Print this help 
 complete -c photolib -n '__photolib_is albums' -l log-file -r -F -d 'Append every log line to FILE ("TAG LEVEL MESSAGE")'
 complete -c photolib -n '__photolib_is albums' -s v -l verbose -d 'Show the log lines on standard error'
 complete -c photolib -n '__photolib_is albums' -l no-progress -d 'Show no progress bar, also on a terminal'
+complete -c photolib -n '__photolib_is albums' -l password-file -r -F -d 'Read the password of an encrypted backup from FILE, or - for standard input'
 complete -c photolib -n '__photolib_is albums' -l json -d 'Print JSON, one array of records'
 complete -c photolib -n '__photolib_is albums' -l csv -d 'Print comma-separated values (RFC 4180)'
 complete -c photolib -n '__photolib_is albums' -l all -d 'Show the device\'s built-in albums too (JSON and CSV always do)'
@@ -59,6 +62,7 @@ complete -c photolib -n '__photolib_is photos' -s h -l help -d 'Print this help 
 complete -c photolib -n '__photolib_is photos' -l log-file -r -F -d 'Append every log line to FILE ("TAG LEVEL MESSAGE")'
 complete -c photolib -n '__photolib_is photos' -s v -l verbose -d 'Show the log lines on standard error'
 complete -c photolib -n '__photolib_is photos' -l no-progress -d 'Show no progress bar, also on a terminal'
+complete -c photolib -n '__photolib_is photos' -l password-file -r -F -d 'Read the password of an encrypted backup from FILE, or - for standard input'
 complete -c photolib -n '__photolib_is photos' -l json -d 'Print JSON, one array of records'
 complete -c photolib -n '__photolib_is photos' -l csv -d 'Print comma-separated values (RFC 4180)'
 complete -c photolib -n '__photolib_is photos' -l album -x -d 'Photos of the album with this title, id or UUID'
@@ -78,6 +82,7 @@ complete -c photolib -n '__photolib_is groups' -s h -l help -d 'Print this help 
 complete -c photolib -n '__photolib_is groups' -l log-file -r -F -d 'Append every log line to FILE ("TAG LEVEL MESSAGE")'
 complete -c photolib -n '__photolib_is groups' -s v -l verbose -d 'Show the log lines on standard error'
 complete -c photolib -n '__photolib_is groups' -l no-progress -d 'Show no progress bar, also on a terminal'
+complete -c photolib -n '__photolib_is groups' -l password-file -r -F -d 'Read the password of an encrypted backup from FILE, or - for standard input'
 complete -c photolib -n '__photolib_is groups' -l json -d 'Print JSON, one array of records'
 complete -c photolib -n '__photolib_is groups' -l csv -d 'Print comma-separated values (RFC 4180)'
 complete -c photolib -n '__photolib_is groups' -l group -x -a 'videos photos people places recently-deleted favorites portrait panoramas live-photos time-lapse screen-recordings slow-motion animated memories bursts screenshots selfies hidden imported raw badge-8 duplicates cinematic camera-roll shared cloud synced photo-stream' -d 'Only this group, or the groups of this category (name or number)'
@@ -87,6 +92,7 @@ complete -c photolib -n '__photolib_is show' -s h -l help -d 'Print this help me
 complete -c photolib -n '__photolib_is show' -l log-file -r -F -d 'Append every log line to FILE ("TAG LEVEL MESSAGE")'
 complete -c photolib -n '__photolib_is show' -s v -l verbose -d 'Show the log lines on standard error'
 complete -c photolib -n '__photolib_is show' -l no-progress -d 'Show no progress bar, also on a terminal'
+complete -c photolib -n '__photolib_is show' -l password-file -r -F -d 'Read the password of an encrypted backup from FILE, or - for standard input'
 complete -c photolib -n '__photolib_is show' -l json -d 'Print JSON'
 complete -c photolib -n '__photolib_is show' -a '(__fish_complete_directories)'
 
@@ -94,6 +100,7 @@ complete -c photolib -n '__photolib_is thumbnail' -s h -l help -d 'Print this he
 complete -c photolib -n '__photolib_is thumbnail' -l log-file -r -F -d 'Append every log line to FILE ("TAG LEVEL MESSAGE")'
 complete -c photolib -n '__photolib_is thumbnail' -s v -l verbose -d 'Show the log lines on standard error'
 complete -c photolib -n '__photolib_is thumbnail' -l no-progress -d 'Show no progress bar, also on a terminal'
+complete -c photolib -n '__photolib_is thumbnail' -l password-file -r -F -d 'Read the password of an encrypted backup from FILE, or - for standard input'
 complete -c photolib -n '__photolib_is thumbnail' -s o -l output -r -F -d 'The file to write, or - for standard output'
 complete -c photolib -n '__photolib_is thumbnail' -l png -d 'Convert to PNG; otherwise JPEG or BMP, as the device has it'
 complete -c photolib -n '__photolib_is thumbnail' -l force -d 'Replace FILE when it is there'
@@ -103,6 +110,7 @@ complete -c photolib -n '__photolib_is contact-sheet' -s h -l help -d 'Print thi
 complete -c photolib -n '__photolib_is contact-sheet' -l log-file -r -F -d 'Append every log line to FILE ("TAG LEVEL MESSAGE")'
 complete -c photolib -n '__photolib_is contact-sheet' -s v -l verbose -d 'Show the log lines on standard error'
 complete -c photolib -n '__photolib_is contact-sheet' -l no-progress -d 'Show no progress bar, also on a terminal'
+complete -c photolib -n '__photolib_is contact-sheet' -l password-file -r -F -d 'Read the password of an encrypted backup from FILE, or - for standard input'
 complete -c photolib -n '__photolib_is contact-sheet' -s o -l output -r -F -d 'The HTML file to write, or - for standard output'
 complete -c photolib -n '__photolib_is contact-sheet' -l title -x -d 'What the page is called'
 complete -c photolib -n '__photolib_is contact-sheet' -l force -d 'Replace FILE when it is there'
@@ -123,6 +131,7 @@ complete -c photolib -n '__photolib_is export' -s h -l help -d 'Print this help 
 complete -c photolib -n '__photolib_is export' -l log-file -r -F -d 'Append every log line to FILE ("TAG LEVEL MESSAGE")'
 complete -c photolib -n '__photolib_is export' -s v -l verbose -d 'Show the log lines on standard error'
 complete -c photolib -n '__photolib_is export' -l no-progress -d 'Show no progress bar, also on a terminal'
+complete -c photolib -n '__photolib_is export' -l password-file -r -F -d 'Read the password of an encrypted backup from FILE, or - for standard input'
 complete -c photolib -n '__photolib_is export' -l layout -x -d 'Where files go below DEST'
 complete -c photolib -n '__photolib_is export' -l utc -d 'Dates in the layout are UTC, not local time'
 complete -c photolib -n '__photolib_is export' -l albums -d 'Also a folder of links for each album, Albums/TITLE, in its order'
@@ -148,6 +157,7 @@ complete -c photolib -n '__photolib_is dump' -s h -l help -d 'Print this help me
 complete -c photolib -n '__photolib_is dump' -l log-file -r -F -d 'Append every log line to FILE ("TAG LEVEL MESSAGE")'
 complete -c photolib -n '__photolib_is dump' -s v -l verbose -d 'Show the log lines on standard error'
 complete -c photolib -n '__photolib_is dump' -l no-progress -d 'Show no progress bar, also on a terminal'
+complete -c photolib -n '__photolib_is dump' -l password-file -r -F -d 'Read the password of an encrypted backup from FILE, or - for standard input'
 complete -c photolib -n '__photolib_is dump' -a '(__fish_complete_directories)'
 
 complete -c photolib -n '__photolib_is sample' -s h -l help -d 'Print this help message and exit'

@@ -242,15 +242,12 @@ TEST_F(ResolveDevice, MissingPermissionsAreNamed)
 
 TEST_F(ResolveDevice, KindsOfLaterBuildsAreSaidToBeUnsupported)
 {
-    writeFile(path("backup/Manifest.db"), "database");
-    for (const QString &argument : {QStringLiteral("usb"), QStringLiteral("afc:"), QStringLiteral("afc:0123"),
-                                    QStringLiteral("backup:/x"), path("backup")}) {
+    for (const QString &argument : {QStringLiteral("usb"), QStringLiteral("afc:"), QStringLiteral("afc:0123")}) {
         const ResolvedDevice resolved = resolveDevice(argument);
         EXPECT_EQ(resolved.status, DeviceStatus::Unreachable);
         EXPECT_THAT(message(resolved), HasSubstr("not supported yet by this build"));
     }
     EXPECT_THAT(message(resolveDevice(QStringLiteral("afc:"))), HasSubstr("devices on USB (afc:) are not supported"));
-    EXPECT_THAT(message(resolveDevice(QStringLiteral("backup:/x"))), HasSubstr("backups (backup:/x) are not "));
 }
 
 TEST_F(ResolveDevice, UnknownKindsAreNamed)
