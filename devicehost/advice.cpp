@@ -32,7 +32,8 @@ QString deviceAdvice(int code)
     case ENOKEY:
         return QStringLiteral("give the password");
     case EKEYREJECTED:
-        return QStringLiteral("give the password that was set for backups of this device; its passcode is another thing");
+        return QStringLiteral(
+            "give the password that was set for backups of this device; its passcode is another thing");
     case ESTALE:
         return QStringLiteral("wait until nothing changes it any more, and try again");
     case EMFILE:

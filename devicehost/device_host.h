@@ -45,8 +45,8 @@ struct Progress {
 class DeviceHost final : public IIPod
 {
 public:
-    /// `devicePath` is a name with a scheme, such as "folder:/media/phone" or "backup:/home/me/backup", as resolveDevice() gives it. Nothing is
-    /// opened yet.
+    /// `devicePath` is a name with a scheme, such as "folder:/media/phone" or "backup:/home/me/backup", as
+    /// resolveDevice() gives it. Nothing is opened yet.
     explicit DeviceHost(const QString &devicePath);
 
     /// Removes the local folders that localDataFolder() made, with the database copies in them.
@@ -65,14 +65,14 @@ public:
     /// user that makes one removes those whose process is gone.
     QString localDataFolder() override;
 
-    /// Whether the device is an encrypted backup that unlock() did not open yet: until then nothing of it can be opened.
-    /// False for a backup that cannot be read; its opening says why.
+    /// Whether the device is an encrypted backup that unlock() did not open yet: until then nothing of it can be
+    /// opened. False for a backup that cannot be read; its opening says why.
     bool needsPassword() const;
 
     /// Opens an encrypted backup with the password (UTF-8) that was set for the backups of the device. This takes some
     /// seconds, as devices mean it to, and heeds no stop request. The keys stay in this object and are overwritten when
-    /// it goes and the last file of the device is closed; of the password nothing is kept, and the caller overwrites its
-    /// own copy.
+    /// it goes and the last file of the device is closed; of the password nothing is kept, and the caller overwrites
+    /// its own copy.
     UnlockResult unlock(const QByteArray &password);
 
     /// Ends the running opening or reading: reads of this device's files answer an error, SQLite statements on its

@@ -203,9 +203,10 @@ ResolvedDevice resolveFolder(const QString &argument)
 
 ResolvedDevice resolveNamedBackup(const QString &argument)
 {
-    return argument.isEmpty() ? malformed(QStringLiteral("no backup is named; give the folder of a backup, the one that "
-                                                         "holds Manifest.db"))
-                              : resolveBackup(absolutePath(argument));
+    return argument.isEmpty()
+               ? malformed(QStringLiteral("no backup is named; give the folder of a backup, the one that "
+                                          "holds Manifest.db"))
+               : resolveBackup(absolutePath(argument));
 }
 
 ResolvedDevice unsupported(const QString &what)

@@ -124,10 +124,12 @@ QByteArray BackupBuilder::manifestDatabase() const
 {
     sqlite3 *db = nullptr;
     sqlite3_stmt *insert = nullptr;
-    const bool made = sqlite3_open(":memory:", &db) == SQLITE_OK &&
-                      sqlite3_exec(db, schema, nullptr, nullptr, nullptr) == SQLITE_OK &&
-                      sqlite3_prepare_v2(db, "INSERT INTO Files VALUES (?, ?, ?, ?, ?)", -1, &insert, nullptr) ==
-                          SQLITE_OK;
+    const QByteArray pageSize = "PRAGMA page_size = " + QByteArray::number(options.pageSize);
+    const bool made =
+        sqlite3_open(":memory:", &db) == SQLITE_OK &&
+        sqlite3_exec(db, pageSize.constData(), nullptr, nullptr, nullptr) == SQLITE_OK &&
+        sqlite3_exec(db, schema, nullptr, nullptr, nullptr) == SQLITE_OK &&
+        sqlite3_prepare_v2(db, "INSERT INTO Files VALUES (?, ?, ?, ?, ?)", -1, &insert, nullptr) == SQLITE_OK;
     if (!made)
         qFatal("the test backup cannot be made: %s", sqlite3_errmsg(db));
     const auto add = [&](const QByteArray &domain, const QByteArray &path, int flags, const QByteArray &record) {
@@ -160,8 +162,8 @@ void BackupBuilder::write()
     const bool encrypted = !options.password.isEmpty();
     const QByteArray key = madeUpKey("manifest");
     put(QStringLiteral("Manifest.db"), encrypted ? BackupKeyBag::encrypted(key, manifest) : manifest);
-    put(QStringLiteral("Manifest.plist"), encrypted ? manifestPlist(keys.bytes(), BackupKeyBag::wrapped(key, manifestClass))
-                                                    : manifestPlist({}, {}));
+    put(QStringLiteral("Manifest.plist"),
+        encrypted ? manifestPlist(keys.bytes(), BackupKeyBag::wrapped(key, manifestClass)) : manifestPlist({}, {}));
     put(QStringLiteral("Info.plist"), infoPlist(options.deviceName));
     put(QStringLiteral("Status.plist"), statusPlist(options.snapshotState));
 }

@@ -18,6 +18,7 @@ struct BackupOptions {
     BackupRounds rounds; ///< of key derivation, few by default, so that tests are fast
     QString deviceName = QStringLiteral("Anna's phone");
     QByteArray snapshotState = "finished"; ///< in Status.plist
+    int pageSize = 4096;                   ///< of Manifest.db
 };
 
 /// Makes the unpacked computer backup of a device in a folder: plain or encrypted, as a device would have had it made.

@@ -82,8 +82,7 @@ BackupKeyBag::BackupKeyBag(const QByteArray &password, const BackupRounds &round
 {
     const QByteArray salt = madeUpKey("salt").left(20);
     const QByteArray innerSalt = madeUpKey("inner salt").left(20);
-    const QByteArray inner =
-        rounds.inner == 0 ? password : derived(password, innerSalt, rounds.inner, EVP_sha256());
+    const QByteArray inner = rounds.inner == 0 ? password : derived(password, innerSalt, rounds.inner, EVP_sha256());
     const QByteArray key = derived(inner, salt, rounds.outer, EVP_sha1());
     bag = entry("VERS", bigEndian(5)) + entry("TYPE", bigEndian(1)) + entry("UUID", madeUpKey("bag").left(16)) +
           entry("HMCK", QByteArray(40, 'h')) + entry("WRAP", bigEndian(1)) + entry("SALT", salt) +

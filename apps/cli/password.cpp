@@ -112,10 +112,11 @@ Password::Password(const QString &file, const QString &device)
 {
     const bool onTerminal = (file.isEmpty() || file == QChar('-')) && ::isatty(STDIN_FILENO) == 1;
     if (file.isEmpty() && !onTerminal)
-        throw Failure{ExitDeviceUnreachable,
-                      QStringLiteral("%1 is encrypted, and there is no terminal to ask for its password on; give it with "
-                                     "--password-file FILE")
-                          .arg(device)};
+        throw Failure{
+            ExitDeviceUnreachable,
+            QStringLiteral("%1 is encrypted, and there is no terminal to ask for its password on; give it with "
+                           "--password-file FILE")
+                .arg(device)};
     const int code = onTerminal ? askOnTerminal(device, &password) : readFrom(file, &password);
     if (code == 0)
         return;

@@ -111,9 +111,10 @@ bool Backup::unlock(const QByteArray *password, VError *error)
         *error = {EKEYREJECTED, QStringLiteral("the password is wrong")};
         break;
     case KeyBag::Unlocking::TooManyRounds:
-        *error = damaged(QStringLiteral("the key bag in the backup's Manifest.plist asks for more than %1 rounds of key "
-                                        "derivation")
-                             .arg(mostDerivationRounds));
+        *error =
+            damaged(QStringLiteral("the key bag in the backup's Manifest.plist asks for more than %1 rounds of key "
+                                   "derivation")
+                        .arg(mostDerivationRounds));
         break;
     case KeyBag::Unlocking::Failed:
         *error = {ENOMEM, QStringLiteral("the key cannot be derived from the password")};

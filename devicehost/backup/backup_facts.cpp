@@ -24,8 +24,8 @@ std::optional<PropertyList> readList(const PathTree &tree, const char *name, VEr
         error->text = QStringLiteral("the backup's %1 cannot be read: %2").arg(QString::fromLatin1(name), error->text);
         return std::nullopt;
     }
-    const auto list = PropertyList::parse(
-        QByteArray(reinterpret_cast<const char *>(bytes.data()), static_cast<int>(bytes.size())));
+    const auto list =
+        PropertyList::parse(QByteArray(reinterpret_cast<const char *>(bytes.data()), static_cast<int>(bytes.size())));
     if (!list)
         *error = {EBADMSG, QStringLiteral("the backup's %1 is damaged").arg(QString::fromLatin1(name))};
     return list;

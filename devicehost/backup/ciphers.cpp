@@ -28,11 +28,10 @@ SecretBytes derivedKey(Digest digest, const unsigned char *password, std::size_t
     if (size > INT_MAX || rounds == 0 || rounds > INT_MAX)
         return {};
     SecretBytes key(keyBytes);
-    const bool derived =
-        PKCS5_PBKDF2_HMAC(reinterpret_cast<const char *>(password), static_cast<int>(size),
-                          reinterpret_cast<const unsigned char *>(salt.constData()), salt.size(),
-                          static_cast<int>(rounds), digest == Digest::Sha1 ? EVP_sha1() : EVP_sha256(),
-                          static_cast<int>(keyBytes), key.data()) == 1;
+    const bool derived = PKCS5_PBKDF2_HMAC(reinterpret_cast<const char *>(password), static_cast<int>(size),
+                                           reinterpret_cast<const unsigned char *>(salt.constData()), salt.size(),
+                                           static_cast<int>(rounds), digest == Digest::Sha1 ? EVP_sha1() : EVP_sha256(),
+                                           static_cast<int>(keyBytes), key.data()) == 1;
     return derived ? std::move(key) : SecretBytes();
 }
 

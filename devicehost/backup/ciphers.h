@@ -39,8 +39,8 @@ public:
     ~CbcDecryptor();
     CbcDecryptor(CbcDecryptor &&) noexcept = default;
 
-    /// Decrypts `size` bytes, a multiple of blockBytes, in place. `before` is the block of cipher text in front of them,
-    /// zeros at the very beginning. False on failure.
+    /// Decrypts `size` bytes, a multiple of blockBytes, in place. `before` is the block of cipher text in front of
+    /// them, zeros at the very beginning. False on failure.
     bool decrypt(const CipherBlock &before, unsigned char *bytes, std::size_t size);
 
 private:

@@ -103,7 +103,7 @@ bool KeyBag::take(const QByteArray &tag, const QByteArray &value)
 
 KeyBag::Unlocking KeyBag::unlock(const QByteArray &password)
 {
-    if (std::uint64_t{rounds} + innerRounds > mostDerivationRounds)
+    if (allRounds() > mostDerivationRounds)
         return Unlocking::TooManyRounds;
     const auto *const text = reinterpret_cast<const unsigned char *>(password.constData());
     const auto length = static_cast<std::size_t>(password.size());

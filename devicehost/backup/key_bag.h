@@ -32,6 +32,9 @@ public:
     /// when they are damaged, or hold no class key that a password opens.
     static std::optional<KeyBag> parse(const QByteArray &bytes);
 
+    /// What unlock() costs: rounds of key derivation in all.
+    std::uint64_t allRounds() const { return std::uint64_t{rounds} + innerRounds; }
+
     /// Takes the seconds that devices mean it to take. The password is not kept.
     Unlocking unlock(const QByteArray &password);
 

@@ -67,7 +67,7 @@ private:
     sqlite3_stmt *recordStatement = nullptr;
     SqlConnection *connection = nullptr; ///< SQLite's
     qint64 pageBytes = 0;
-    mutable std::mutex mutex;                  ///< guards the connection and its statement
+    mutable std::mutex mutex; ///< guards the connection and its statement
     QHash<QByteArray, Entry> entries;
 };
 

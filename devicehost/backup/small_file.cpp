@@ -34,8 +34,7 @@ qint64 readAt(const UniqueFd &file, qint64 offset, unsigned char *buffer, qint64
 {
     qint64 done = 0;
     while (done < size) {
-        const ssize_t count =
-            ::pread(file.get(), buffer + done, static_cast<std::size_t>(size - done), offset + done);
+        const ssize_t count = ::pread(file.get(), buffer + done, static_cast<std::size_t>(size - done), offset + done);
         if (count == 0)
             break;
         if (count < 0 && errno != EINTR) {

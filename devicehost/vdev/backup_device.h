@@ -7,8 +7,8 @@ namespace devicehost
 {
 
 /// A device whose unpacked computer backup is the folder `root`. Nothing is ever written to it. A DeviceHost of that
-/// name keeps the backup open between two openings, and its keys; an encrypted one has to be unlocked there first. Null,
-/// with `*error` filled, on failure.
+/// name keeps the backup open between two openings, and its keys; an encrypted one has to be unlocked there first.
+/// Null, with `*error` filled, on failure.
 std::unique_ptr<VDev> openBackupDevice(const char *root, VError *error);
 
 /// Whether `deviceName`, with its scheme, is an encrypted backup. False when it cannot be read.

@@ -119,8 +119,9 @@ TEST_F(BackupDevice, WithoutATerminalThePasswordComesFromAFile)
     makeSmallBackups();
     const RunResult result = run({"info", path("locked")});
     EXPECT_EQ(result.code, 3);
-    EXPECT_THAT(result.err.toStdString(), HasSubstr("is encrypted, and there is no terminal to ask for its password on; "
-                                                    "give it with --password-file FILE"));
+    EXPECT_THAT(result.err.toStdString(),
+                HasSubstr("is encrypted, and there is no terminal to ask for its password on; "
+                          "give it with --password-file FILE"));
     const QStringList password = passwordFile(QByteArray(secret) + "\r\nsecond line");
     EXPECT_EQ(run(QStringList{"info", path("locked")} + password).code, 0);
     EXPECT_EQ(run(password + QStringList{"info", path("locked")}).code, 0);
@@ -183,7 +184,10 @@ public:
         return shown;
     }
 
-    void type(const QByteArray &text) { EXPECT_EQ(::write(master, text.constData(), size_t(text.size())), text.size()); }
+    void type(const QByteArray &text)
+    {
+        EXPECT_EQ(::write(master, text.constData(), size_t(text.size())), text.size());
+    }
 
 private:
     int master = -1;

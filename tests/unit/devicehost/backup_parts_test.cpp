@@ -42,8 +42,7 @@ QByteArray hex(const char *digits)
 TEST(BackupCiphers, AKeyOfTheStandardIsUnwrapped)
 {
     const SecretBytes key = secret(hex("000102030405060708090A0B0C0D0E0F101112131415161718191A1B1C1D1E1F"));
-    const QByteArray wrapped =
-        hex("28C9F404C4B810F4CBCCB35CFB87F8263F5786E2D80ED326CBC7F0E71A99F43BFB988B9B7A02DD21");
+    const QByteArray wrapped = hex("28C9F404C4B810F4CBCCB35CFB87F8263F5786E2D80ED326CBC7F0E71A99F43BFB988B9B7A02DD21");
     EXPECT_EQ(plain(devicehost::unwrappedKey(key, wrapped)),
               hex("00112233445566778899AABBCCDDEEFF000102030405060708090A0B0C0D0E0F"));
 }
@@ -184,7 +183,10 @@ TEST(BinaryPlistTest, AListThatHoldsItselfIsNoTrap)
 {
     QByteArray bytes = "bplist00";
     const QByteArray trailer(6, '\0');
-    bytes += QByteArray("\xd1\x01\x00", 3) + QByteArray("\x51" "a") + QByteArray("\xa1\x02", 2);
+    bytes += QByteArray("\xd1\x01\x00", 3) +
+             QByteArray("\x51"
+                        "a") +
+             QByteArray("\xa1\x02", 2);
     const QByteArray table("\x08\x0b\x0d", 3);
     const QByteArray numbers = QByteArray(7, '\0') + '\x03' + QByteArray(8, '\0') + QByteArray(7, '\0') + '\x0f';
     bytes += table + trailer + "\x01\x01" + numbers;

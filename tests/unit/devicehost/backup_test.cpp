@@ -101,8 +101,9 @@ TEST_F(BackupTest, AFolderOfBackupsIsListed)
     for (const QString &argument : {path("all"), nameOf(path("all"))}) {
         const ResolvedDevice resolved = resolveDevice(argument);
         EXPECT_EQ(resolved.status, DeviceStatus::Unreachable);
-        EXPECT_EQ(resolved.message, path("all") + QStringLiteral(" is a folder of backups; give one of them instead, by "
-                                                                 "the name in front of the brackets"));
+        EXPECT_EQ(resolved.message,
+                  path("all") + QStringLiteral(" is a folder of backups; give one of them instead, by "
+                                               "the name in front of the brackets"));
         EXPECT_EQ(resolved.choices,
                   QStringList({path("all/a") + QStringLiteral("  (Anna's phone, iPhone10,4, iOS 16.3, 2023-04-01 18:30 "
                                                               "UTC, not encrypted)"),
@@ -211,8 +212,9 @@ TEST_F(BackupTest, AFileThatIsListedAndMissingIsAnIncompleteBackup)
         ASSERT_TRUE(QFile::remove(stored));
         EXPECT_EQ(vFileOpen(device.get(), photo, 0), nullptr);
         EXPECT_FALSE(devicehost::lastOpenError().absent);
-        EXPECT_EQ(devicehost::lastOpenError().text, QStringLiteral("the backup is incomplete: its file %1 is missing")
-                                                        .arg(BackupBuilder::storedName(photo)));
+        EXPECT_EQ(
+            devicehost::lastOpenError().text,
+            QStringLiteral("the backup is incomplete: its file %1 is missing").arg(BackupBuilder::storedName(photo)));
         EXPECT_THAT(devicehost::lastOpenError().advice.toStdString(), HasSubstr("make a new backup"));
     }
 }
@@ -244,9 +246,9 @@ TEST_F(BackupTest, LinksPipesAndFoldersAreNotOpened)
     for (const char *name : {"/pipe", "/symlink", "/directory"})
         ASSERT_TRUE(QFile::remove(stored(name)));
     ASSERT_EQ(::mkfifo(stored("/pipe").toUtf8().constData(), 0600), 0);
-    ASSERT_EQ(::symlink(QFile::encodeName(path("plain/Manifest.plist")).constData(),
-                        stored("/symlink").toUtf8().constData()),
-              0);
+    ASSERT_EQ(
+        ::symlink(QFile::encodeName(path("plain/Manifest.plist")).constData(), stored("/symlink").toUtf8().constData()),
+        0);
     ASSERT_TRUE(QDir().mkpath(stored("/directory")));
     const Device device = open(path("plain"));
     ASSERT_NE(device, nullptr);
@@ -308,7 +310,8 @@ TEST_F(BackupTest, AHostileManifestIsRefused)
     const char *const tricks[] = {
         "DROP TABLE Files",
         "ALTER TABLE Files RENAME TO f; CREATE VIEW Files AS SELECT rowid, * FROM f",
-        "ALTER TABLE Files RENAME TO f; CREATE TABLE Files (fileID TEXT PRIMARY KEY, domain, relativePath, flags, file) "
+        "ALTER TABLE Files RENAME TO f; CREATE TABLE Files (fileID TEXT PRIMARY KEY, domain, relativePath, flags, "
+        "file) "
         "WITHOUT ROWID",
         "ALTER TABLE Files RENAME TO f; CREATE TABLE Files (fileID, domain, flags, file, relativePath AS "
         "(zeroblob(1000000000)))",
@@ -349,10 +352,12 @@ TEST_F(BackupTest, ADamagedManifestPlistIsCalledSo)
             writeFile(path("b/Manifest.plist"), bytes.left(size));
             const ResolvedDevice resolved = resolveDevice(path("b"));
             ASSERT_EQ(resolved.status, DeviceStatus::Unreachable) << size;
-            ASSERT_THAT(resolved.message.toStdString(), HasSubstr("the backup's Manifest.plist is damaged; make a new"));
+            ASSERT_THAT(resolved.message.toStdString(),
+                        HasSubstr("the backup's Manifest.plist is damaged; make a new"));
         }
         ASSERT_TRUE(QFile::remove(path("b/Manifest.plist")));
-        EXPECT_THAT(resolveDevice(path("b")).message.toStdString(), HasSubstr("Manifest.plist cannot be read: No such"));
+        EXPECT_THAT(resolveDevice(path("b")).message.toStdString(),
+                    HasSubstr("Manifest.plist cannot be read: No such"));
     }
 }
 
@@ -366,12 +371,15 @@ TEST_F(BackupTest, ADamagedKeyIsCalledSo)
         return DeviceHost(nameOf(path("locked"))).unlock(password).message.toStdString();
     };
     ASSERT_TRUE(list.contains(bag));
-    EXPECT_THAT(messageFor(QByteArray(list).replace("WPKY", "XXXX")), HasSubstr("key bag in the backup's Manifest.plist"));
-    EXPECT_THAT(messageFor(QByteArray(list).replace(QByteArray("DPIC\0\0\0\4\0", 9), QByteArray("DPIC\0\0\0\4\x7f", 9))),
-                HasSubstr("asks for more than 50000000 rounds"));
+    EXPECT_THAT(messageFor(QByteArray(list).replace("WPKY", "XXXX")),
+                HasSubstr("key bag in the backup's Manifest.plist"));
+    EXPECT_THAT(
+        messageFor(QByteArray(list).replace(QByteArray("DPIC\0\0\0\4\0", 9), QByteArray("DPIC\0\0\0\4\x7f", 9))),
+        HasSubstr("asks for more than 50000000 rounds"));
     const QByteArray key = testkit::BackupKeyBag::wrapped(testkit::madeUpKey("manifest"), 4);
     ASSERT_TRUE(list.contains(key));
-    EXPECT_THAT(messageFor(QByteArray(list).replace(key, QByteArray(key.size(), 'x'))), HasSubstr("the ManifestKey in"));
+    EXPECT_THAT(messageFor(QByteArray(list).replace(key, QByteArray(key.size(), 'x'))),
+                HasSubstr("the ManifestKey in"));
     EXPECT_EQ(messageFor(list), "");
 }
 
