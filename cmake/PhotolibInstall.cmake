@@ -4,7 +4,7 @@
 include(CMakePackageConfigHelpers)
 
 set(QT_MINIMUM 5.15)
-set(devicehost_requires "Qt5Core >= ${QT_MINIMUM}" sqlite3)
+set(devicehost_requires "Qt5Core >= ${QT_MINIMUM}" sqlite3 libcrypto)
 if(PHOTOLIB_AFC)
     string(JOIN " " PHOTOLIB_USB_MODULES ${usb_modules})
     list(TRANSFORM usb_modules REPLACE ">=" " >= ")

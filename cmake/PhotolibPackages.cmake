@@ -67,7 +67,7 @@ set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_NAME libphotolib-dev)
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SECTION libdevel)
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SHLIBDEPS OFF)
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS
-    "${library_package} (= ${debian_version}), qtbase5-dev (>= 5.15), libsqlite3-dev")
+    "${library_package} (= ${debian_version}), qtbase5-dev (>= 5.15), libsqlite3-dev, libssl-dev")
 if(PHOTOLIB_AFC)
     string(APPEND CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS ", libimobiledevice-dev, libusbmuxd-dev, libplist-dev")
 endif()

@@ -26,6 +26,16 @@ QString deviceAdvice(int code)
     case ELOOP:
     case EXDEV:
         return QStringLiteral("a copy of the device must hold the file itself; copy it again");
+    case EBADMSG:
+    case ENODATA:
+        return QStringLiteral("make a new backup of the device, or copy the backup again");
+    case ENOKEY:
+        return QStringLiteral("give the password");
+    case EKEYREJECTED:
+        return QStringLiteral(
+            "give the password that was set for backups of this device; its passcode is another thing");
+    case ESTALE:
+        return QStringLiteral("wait until nothing changes it any more, and try again");
     case EMFILE:
     case ENFILE:
         return QStringLiteral("close files or other programs and try again");

@@ -3,8 +3,9 @@
 #include "devicehost/advice.h"
 #include "devicehost/host_state.h"
 #include "devicehost/private_folder.h"
-#include "devicehost/vdev/schemes.h"
+#include "devicehost/vdev/backup_device.h"
 
+#include <cerrno>
 #include <new>
 #include <utility>
 #include <vector>
@@ -72,6 +73,21 @@ QString DeviceHost::localDataFolder()
     const std::lock_guard<std::mutex> lock(localFolders->mutex);
     localFolders->folders.push_back(std::move(folder));
     return QString::fromUtf8(path);
+}
+
+bool DeviceHost::needsPassword() const
+{
+    return state->openedBackup() == nullptr && isEncryptedBackup(state->devicePath());
+}
+
+UnlockResult DeviceHost::unlock(const QByteArray &password)
+{
+    VError error;
+    if (unlockBackup(*state, password, &error))
+        return {Unlocking::Unlocked, {}};
+    const bool wrong = error.code == EKEYREJECTED;
+    return {wrong ? Unlocking::WrongPassword : Unlocking::Failed,
+            QStringLiteral("%1; %2").arg(error.text, deviceAdvice(error.code))};
 }
 
 void DeviceHost::requestStop() noexcept

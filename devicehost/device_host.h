@@ -6,6 +6,7 @@
 
 #include "photolib/host/iipod.h"
 
+#include <QByteArray>
 #include <QString>
 
 #include <functional>
@@ -16,6 +17,19 @@ namespace devicehost
 {
 
 class HostState;
+
+/// What became of DeviceHost::unlock().
+enum class Unlocking {
+    Unlocked,      ///< the device can be opened; also when it needed no password
+    WrongPassword, ///< nothing changed; another one can be tried
+    Failed,        ///< the backup is damaged, or not there; see UnlockResult::message
+};
+
+/// The answer of DeviceHost::unlock(). A plain value.
+struct UnlockResult {
+    Unlocking status = Unlocking::Failed;
+    QString message; ///< what is wrong and what to do next, one line without a final full stop; empty when Unlocked
+};
 
 /// How far the reading of one file of the device has come.
 struct Progress {
@@ -31,8 +45,8 @@ struct Progress {
 class DeviceHost final : public IIPod
 {
 public:
-    /// `devicePath` is a name with a scheme, such as "folder:/media/phone", as resolveDevice() gives it. Nothing is
-    /// opened yet.
+    /// `devicePath` is a name with a scheme, such as "folder:/media/phone" or "backup:/home/me/backup", as
+    /// resolveDevice() gives it. Nothing is opened yet.
     explicit DeviceHost(const QString &devicePath);
 
     /// Removes the local folders that localDataFolder() made, with the database copies in them.
@@ -50,6 +64,16 @@ public:
     /// It lies in TMPDIR, else in /tmp. A process that is killed leaves its folders there; the next host of the same
     /// user that makes one removes those whose process is gone.
     QString localDataFolder() override;
+
+    /// Whether the device is an encrypted backup that unlock() did not open yet: until then nothing of it can be
+    /// opened. False for a backup that cannot be read; its opening says why.
+    bool needsPassword() const;
+
+    /// Opens an encrypted backup with the password (UTF-8) that was set for the backups of the device. This takes some
+    /// seconds, as devices mean it to, and heeds no stop request. The keys stay in this object and are overwritten when
+    /// it goes and the last file of the device is closed; of the password nothing is kept, and the caller overwrites
+    /// its own copy.
+    UnlockResult unlock(const QByteArray &password);
 
     /// Ends the running opening or reading: reads of this device's files answer an error, SQLite statements on its
     /// database copy are interrupted, shouldStop() answers true. Async-signal-safe. Install the handler without

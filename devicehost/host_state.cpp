@@ -47,6 +47,18 @@ std::shared_ptr<BackendSession> HostState::session(const std::function<std::shar
     return backendSession;
 }
 
+void HostState::keepBackup(std::shared_ptr<const Backup> opened)
+{
+    const std::lock_guard<std::mutex> lock(mutex);
+    backup = std::move(opened);
+}
+
+std::shared_ptr<const Backup> HostState::openedBackup() const
+{
+    const std::lock_guard<std::mutex> lock(mutex);
+    return backup;
+}
+
 void HostState::recordDatabaseError(int code) noexcept
 {
     int none = 0;

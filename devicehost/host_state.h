@@ -14,6 +14,7 @@
 namespace devicehost
 {
 
+class Backup;
 struct Progress;
 
 /// What one DeviceHost shares with the open files and database connections that work for it. These get no device
@@ -54,6 +55,11 @@ public:
     /// Passes the report on when it is the last of a file or enough time has passed since the one before.
     void reportProgress(const Progress &progress, bool last);
 
+    /// The backup that this device is, once it was opened; null before, and for other kinds of device. It holds the
+    /// keys of an encrypted one, which go with this object.
+    void keepBackup(std::shared_ptr<const Backup> backup);
+    std::shared_ptr<const Backup> openedBackup() const;
+
 private:
     static_assert(std::atomic<bool>::is_always_lock_free, "requestStop() is called from signal handlers");
 
@@ -66,6 +72,7 @@ private:
     mutable std::mutex mutex; ///< guards what follows
     QString firstFailure;
     std::shared_ptr<BackendSession> backendSession;
+    std::shared_ptr<const Backup> backup;
 };
 
 /// The living hosts of this process.

@@ -1,6 +1,7 @@
 #include "devicehost/resolve_device.h"
 
 #include "devicehost/afc/scheme.h"
+#include "devicehost/backup/backup_places.h"
 #include "devicehost/local_path.h"
 #include "devicehost/usb_devices.h"
 #include "devicehost/vdev/schemes.h"
@@ -29,17 +30,17 @@ const QString databaseName = QStringLiteral("/PhotoData/Photos.sqlite");
 
 ResolvedDevice malformed(const QString &message)
 {
-    return {DeviceStatus::Malformed, {}, message};
+    return {DeviceStatus::Malformed, {}, message, {}};
 }
 
 ResolvedDevice unreachable(const QString &message)
 {
-    return {DeviceStatus::Unreachable, {}, message};
+    return {DeviceStatus::Unreachable, {}, message, {}};
 }
 
 ResolvedDevice noLibrary(const QString &message)
 {
-    return {DeviceStatus::NoLibrary, {}, message};
+    return {DeviceStatus::NoLibrary, {}, message, {}};
 }
 
 /// Absolute and tidy. A ".." is taken by the file system's rules, which differ from the text's where links are.
@@ -121,11 +122,11 @@ ResolvedDevice explainMissingDatabase(const QString &path)
         return noLibrary(QStringLiteral("%1 is the folder of the photo database itself; give the device's media root, "
                                         "here %2")
                              .arg(path, parentOf(path)));
-    if (exists(path + QStringLiteral("/Manifest.db")))
-        return unreachable(
-            QStringLiteral("%1 is a backup; backups are not supported yet by this build; give a mounted device's media "
-                           "root instead")
-                .arg(path));
+    if (looksLikeBackup(path))
+        return resolveBackup(path);
+    const ResolvedDevice backups = resolveFolderOfBackups(path);
+    if (!backups.message.isEmpty())
+        return backups;
     return noLibrary(QStringLiteral("%1 holds no photo library: there is no PhotoData/Photos.sqlite in it; give the "
                                     "device's media root, the folder that holds DCIM and PhotoData")
                          .arg(path));
@@ -199,7 +200,15 @@ ResolvedDevice resolveFolder(const QString &argument)
         return explainFolder(path, error.code);
     if (device->openFile(databaseName.toUtf8().constData(), 0, &error) == nullptr)
         return explainDatabase(path, error);
-    return {DeviceStatus::Found, name, {}};
+    return {DeviceStatus::Found, name, {}, {}};
+}
+
+ResolvedDevice resolveNamedBackup(const QString &argument)
+{
+    return argument.isEmpty()
+               ? malformed(QStringLiteral("no backup is named; give the folder of a backup, the one that "
+                                          "holds Manifest.db"))
+               : resolveBackup(absolutePath(argument));
 }
 
 /// Which of the devices is which; their owners know them by name.
@@ -230,16 +239,7 @@ ResolvedDevice resolveUsb(const QString &argument, const QString &udid)
         return unreachable(QStringLiteral("%1: no such device is connected; connect it with a cable and unlock it, or "
                                           "name one of those that are: %2")
                                .arg(argument, namedDevices()));
-    return {DeviceStatus::Found, QStringLiteral("afc:") + (udid.isEmpty() ? udids.front() : udid), {}};
-}
-
-ResolvedDevice unsupported(const QString &what)
-{
-    return unreachable(
-        QStringLiteral(
-            "%1 are not supported yet by this build; mount the device and give its media root, the folder that "
-            "holds DCIM and PhotoData")
-            .arg(what));
+    return {DeviceStatus::Found, QStringLiteral("afc:") + (udid.isEmpty() ? udids.front() : udid), {}, {}};
 }
 
 } // namespace
@@ -259,7 +259,7 @@ ResolvedDevice resolveDevice(const QString &argument)
     if (scheme == QStringLiteral("afc"))
         return resolveUsb(argument, match.captured(2));
     if (scheme == QStringLiteral("backup"))
-        return unsupported(QStringLiteral("backups (%1)").arg(argument));
+        return resolveNamedBackup(match.captured(2));
     if (exists(absolutePath(argument)))
         return resolveFolder(argument);
     return unreachable(

@@ -3,10 +3,13 @@
 
 #include "fuzz/require.h"
 #include "fuzz/small_library.h"
+#include "testing/backup_builder.h"
+#include "testing/backup_plists.h"
 #include "testing/era.h"
 
 #include <QDir>
 #include <QFile>
+#include <QTemporaryDir>
 
 #include <cstdint>
 #include <cstdio>
@@ -68,6 +71,35 @@ void addMarkers(const Seeds &seeds)
                      "</string><!-- c --></dict></plist>");
 }
 
+/// The first byte says what the others are: see backup_fuzz.cpp.
+void addBackups(const Seeds &seeds)
+{
+    const QTemporaryDir folder;
+    const auto add = [&seeds](char what, const char *name, const QByteArray &content) {
+        seeds.add(QStringLiteral("backup"), QString::fromLatin1(name), what + content);
+    };
+    for (const char what : {'\0', '\1'}) {
+        testkit::BackupOptions options;
+        options.pageSize = 512;
+        options.password = what == 0 ? "" : "fuzz";
+        testkit::BackupBuilder builder(folder.path(), options);
+        builder.addFile("/DCIM/100APPLE/IMG_0001.JPG", "a photo");
+        builder.addFile("/PhotoData/Photos.sqlite", QByteArray(100, 'd'));
+        builder.write();
+        add(what, what == 0 ? "plain_manifest" : "locked_manifest", builder.plainManifest());
+    }
+    const QByteArray bag = testkit::BackupKeyBag("fuzz", {}).bytes();
+    const QByteArray key = testkit::BackupKeyBag::wrapped(testkit::madeUpKey("manifest"), 4);
+    add('\2', "manifest_plist", testkit::manifestPlist(bag, key));
+    add('\3', "key_bag", bag);
+    add('\3', "old_key_bag", testkit::BackupKeyBag("fuzz", {3, 0}).bytes());
+    const QByteArray fileKey =
+        testkit::BackupKeyBag::wrapped(testkit::madeUpKey("/DCIM/100APPLE/IMG_0001.JPG"), 1 + 27 % 4);
+    add('\4', "file_record", testkit::fileRecordPlist(7, 1 + 27 % 4, fileKey));
+    add('\5', "info_plist", testkit::infoPlist(QStringLiteral("phone")));
+    add('\5', "status_plist", testkit::statusPlist("finished"));
+}
+
 } // namespace
 
 int main(int argc, char **argv)
@@ -79,6 +111,7 @@ int main(int argc, char **argv)
     const Seeds seeds(QFile::decodeName(argv[1]));
     addLibraries(seeds);
     addMarkers(seeds);
+    addBackups(seeds);
     for (const char *target : {"schema", "marker", "container", "frame", "export_name"}) {
         seeds.add(QString::fromLatin1(target), QStringLiteral("zeros"), QByteArray(64, '\0'));
         for (int i = 0; i < 6; ++i)

@@ -21,7 +21,7 @@ usage() {
 longest() {
     case $1 in
     database) echo 131072 ;;
-    wal) echo 65536 ;;
+    backup | wal) echo 65536 ;;
     *) echo 8192 ;;
     esac
 }

@@ -4,7 +4,8 @@
 set -euo pipefail
 
 build=(g++ cmake ninja-build pkg-config ca-certificates
-    qtbase5-dev libsqlite3-dev libplist-dev libimobiledevice-dev libusbmuxd-dev libcli11-dev rapidjson-dev libgif-dev)
+    qtbase5-dev libsqlite3-dev libssl-dev libplist-dev libimobiledevice-dev libusbmuxd-dev libcli11-dev rapidjson-dev
+    libgif-dev)
 package=("${build[@]}" dpkg-dev file)
 test=("${build[@]}" libgtest-dev libgmock-dev sqlite3 binutils python3 openssl util-linux
     libimobiledevice-utils)

@@ -3,6 +3,7 @@
 #include "apps/cli/failure.h"
 #include "apps/cli/messages.h"
 #include "apps/cli/opening_deadline.h"
+#include "apps/cli/password.h"
 #include "apps/cli/progress_bar.h"
 #include "devicehost/advice.h"
 #include "devicehost/resolve_device.h"
@@ -21,6 +22,13 @@ namespace
 const QString databaseName = QStringLiteral("/PhotoData/Photos.sqlite");
 const QString checkDevice = QStringLiteral("check that this is the media root of a device, the folder that holds DCIM "
                                            "and PhotoData");
+
+// For a folder of several devices: what can be given instead.
+void listChoices(const QStringList &choices)
+{
+    for (const QString &choice : choices)
+        printNote(choice);
+}
 
 void pairWith(const QString &device)
 {
@@ -42,6 +50,7 @@ QString resolved(const DeviceOptions &options)
     case devicehost::DeviceStatus::Malformed:
         throw Failure{ExitUsage, device.message};
     case devicehost::DeviceStatus::Unreachable:
+        listChoices(device.choices);
         throw Failure{ExitDeviceUnreachable, device.message};
     case devicehost::DeviceStatus::NoLibrary:
         throw Failure{ExitLibraryUnreadable, device.message};
@@ -69,9 +78,10 @@ void LibrarySession::Releaser::operator()(photo_manager_int *manager) const
 
 LibrarySession::LibrarySession(const DeviceOptions &options)
     : log(QString::fromStdString(options.logFile), options.verbose),
-      host(std::make_unique<devicehost::DeviceHost>(resolved(options))),
-      interrupts(std::make_unique<InterruptScope>(*host))
+      host(std::make_unique<devicehost::DeviceHost>(resolved(options)))
 {
+    unlock(options); // nothing lies on the disk yet, so that signals may simply end it
+    interrupts = std::make_unique<InterruptScope>(*host);
     open(options.showProgress());
     const QString damage = damageReport();
     if (damage.isEmpty())
@@ -94,6 +104,23 @@ LibrarySession::~LibrarySession()
     } catch (const std::bad_alloc &) { // the library is then freed to its end
     }
     manager.reset();
+}
+
+void LibrarySession::unlock(const DeviceOptions &options)
+{
+    if (!host->needsPassword())
+        return;
+    Password password(QString::fromStdString(options.passwordFile), deviceName());
+    const devicehost::UnlockResult result = host->unlock(password.bytes());
+    if (result.status != devicehost::Unlocking::Unlocked)
+        throw Failure{ExitDeviceUnreachable, QStringLiteral("%1: %2").arg(deviceName(), result.message)};
+}
+
+void LibrarySession::noteOnMissingFiles()
+{
+    if (deviceName().startsWith(QStringLiteral("backup:")))
+        printNote(QStringLiteral("photolib: this is a backup; it does not hold most thumbnails, and no originals that "
+                                 "are only in the cloud"));
 }
 
 void LibrarySession::open(bool showProgress)

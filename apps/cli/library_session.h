@@ -37,6 +37,9 @@ public:
     /// The device's name with its scheme.
     QString deviceName() { return host->devicePath(); }
 
+    /// For a command that found a file missing: says what backups do not hold, when the device is one.
+    void noteOnMissingFiles();
+
     /// The status to exit with when all else went well: a damaged database has given some of its records only.
     ExitCode status() const { return readInPart ? ExitSomeFailed : ExitOk; }
 
@@ -46,6 +49,7 @@ private:
         void operator()(photo_manager_int *manager) const;
     };
 
+    void unlock(const DeviceOptions &options);
     void open(bool showProgress);
     QString damageReport() const; ///< empty when all could be read
     void warnOfShortcoming();

@@ -8,12 +8,26 @@
 namespace photocli
 {
 
+namespace
+{
+
+void print(const QByteArray &bytes)
+{
+    // All of it at once, so that lines of several processes on one terminal do not mix. Nothing can be done about a
+    // standard error that cannot be written.
+    writeAll(STDERR_FILENO, bytes.constData(), static_cast<size_t>(bytes.size()));
+}
+
+} // namespace
+
 void printNote(const QString &line)
 {
-    // The whole line at once, so that lines of several processes on one terminal do not mix. Nothing can be done about
-    // a standard error that cannot be written.
-    const QByteArray bytes = harmless(line).toUtf8() + '\n';
-    writeAll(STDERR_FILENO, bytes.constData(), static_cast<size_t>(bytes.size()));
+    print(harmless(line).toUtf8() + '\n');
+}
+
+void printPrompt(const QString &question)
+{
+    print(harmless(question).toUtf8());
 }
 
 void printError(const QString &message)

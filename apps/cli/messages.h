@@ -14,6 +14,9 @@ void printWarning(const QString &message);
 /// Prints `line` alone, made safe in the same way.
 void printNote(const QString &line);
 
+/// Prints a question, made safe in the same way: the answer follows on the same line.
+void printPrompt(const QString &question);
+
 /// A name as it stands in a message: in quotes and, when very long, cut.
 QString quoted(const QString &name);
 

@@ -74,14 +74,14 @@ void forceComponentWalk(bool forced)
     walkForced = forced;
 }
 
-PathTree PathTree::below(const char *rootPath, VError *error)
+PathTree PathTree::below(const char *rootPath, VError *error, Links links)
 {
     UniqueFd folder(::open(rootPath, O_PATH | O_DIRECTORY | O_CLOEXEC));
     if (!folder || ::faccessat(folder.get(), ".", X_OK, AT_EACCESS) != 0) {
         *error = errnoError(errno);
         return PathTree(UniqueFd(), true);
     }
-    return PathTree(std::move(folder), true);
+    return PathTree(std::move(folder), true, links);
 }
 
 UniqueFd PathTree::open(const char *path, int flags, mode_t mode, VError *error) const
@@ -102,6 +102,8 @@ UniqueFd PathTree::openBelow(const char *path, int flags, mode_t mode) const
     how.flags = static_cast<__u64>(flags | O_CLOEXEC);
     how.mode = (flags & O_CREAT) != 0 ? mode : 0;
     how.resolve = RESOLVE_IN_ROOT | RESOLVE_NO_MAGICLINKS;
+    if (links == Links::Refused)
+        how.resolve |= RESOLVE_NO_SYMLINKS;
     if (walkForced)
         return walk(path, flags, mode);
     // EAGAIN: the tree was changed while the name was looked up, and the kernel would not vouch for the result.

@@ -9,6 +9,12 @@
 namespace devicehost
 {
 
+/// What becomes of symbolic links below the folder of a confined tree.
+enum class Links {
+    Within,  ///< followed inside the folder only, or not at all where the kernel cannot confine them
+    Refused, ///< never followed: a name that goes over one cannot be opened
+};
+
 /// Names that can be opened: those below one folder, or all that this process sees.
 ///
 /// A confined tree never leads outside its folder, whatever the name says and whatever symbolic links the folder
@@ -22,7 +28,7 @@ public:
 
     /// The files below the folder `root`, which itself may be a link. A tree that is not valid(), with `*error`
     /// filled, when it cannot be entered.
-    static PathTree below(const char *root, VError *error);
+    static PathTree below(const char *root, VError *error, Links links = Links::Within);
 
     bool valid() const { return !confined || static_cast<bool>(root); }
 
@@ -40,13 +46,17 @@ public:
     int createFolder(const char *path) const;
 
 private:
-    PathTree(UniqueFd rootFolder, bool isConfined) : root(std::move(rootFolder)), confined(isConfined) {}
+    PathTree(UniqueFd rootFolder, bool isConfined, Links linksBelow = Links::Within)
+        : root(std::move(rootFolder)), confined(isConfined), links(linksBelow)
+    {
+    }
 
     UniqueFd openBelow(const char *path, int flags, mode_t mode) const;
     UniqueFd walk(const char *path, int flags, mode_t mode) const;
 
     UniqueFd root;
     bool confined = false;
+    Links links = Links::Within;
 };
 
 /// For tests: acts as a kernel would that lacks openat2(), from now on.

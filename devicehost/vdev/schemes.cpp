@@ -1,6 +1,7 @@
 #include "devicehost/vdev/schemes.h"
 
 #include "devicehost/afc/scheme.h"
+#include "devicehost/vdev/backup_device.h"
 #include "devicehost/vdev/folder.h"
 
 #include <cerrno>
@@ -24,8 +25,9 @@ struct Scheme {
 
 /// Every kind of device that a name can stand for.
 constexpr Scheme schemes[] = {
-    {"folder:", &openFolder},
     {"afc:", &openUsbDevice},
+    {"backup:", &openBackupDevice},
+    {"folder:", &openFolder},
 };
 
 } // namespace

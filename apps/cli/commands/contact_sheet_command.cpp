@@ -100,6 +100,8 @@ ExitCode runContactSheet(const ContactSheetOptions &options)
     const int missing = writePage(session, plan, titleFor(options, session.deviceName()), file, options.showProgress());
     tell(name, file.isStandardOutput(), plan, missing);
     if (missing > 0)
+        session.noteOnMissingFiles();
+    if (missing > 0)
         printWarning(QStringLiteral("%1 of %2 photos have no thumbnail on the device; if they were added just now, "
                                     "look at them on the device, then connect or copy the device again")
                          .arg(missing)

@@ -172,6 +172,8 @@ ExitCode work(const ExportCommandOptions &options, LibrarySession &session, cons
     view.finishRun();
     if (didSomething(outcome))
         summarize(out, destination, outcome, options.dryRun);
+    if (outcome.count(FileStatus::Missing) + outcome.count(FileStatus::Failed) > 0)
+        session.noteOnMissingFiles();
     ExitCode code = ExitOk;
     try {
         code = concludeRun(outcome, options.dryRun);

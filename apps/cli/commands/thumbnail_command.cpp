@@ -49,6 +49,7 @@ QByteArray thumbnailOf(LibrarySession &session, qint64 id)
         throw Failure{ExitDeviceUnreachable, QStringLiteral("%1: the device cannot be reached any more; connect it "
                                                             "again and try again")
                                                  .arg(session.deviceName())};
+    session.noteOnMissingFiles();
     photoItem photo;
     session.library().getPhotoItem(&id, &photo);
     throw Failure{

@@ -3,17 +3,17 @@
 # The options of a command; those before any command where it is empty.
 _photolib_options() {
     case $1 in
-    '') echo '-h --help --version -v --verbose --log-file --no-progress --pair --timeout' ;;
+    '') echo '-h --help --version -v --verbose --log-file --no-progress --pair --timeout --password-file' ;;
     'devices') echo '-h --help --log-file -v --verbose --no-progress --timeout --json' ;;
-    'info') echo '-h --help --pair --log-file -v --verbose --no-progress --timeout --json' ;;
-    'albums') echo '-h --help --pair --log-file -v --verbose --no-progress --timeout --json --csv --all' ;;
-    'photos') echo '-h --help --pair --log-file -v --verbose --no-progress --timeout --json --csv --album --group --favorite --hidden --deleted --only-photos --only-movies --from-date --to-date --uuid --limit' ;;
-    'groups') echo '-h --help --pair --log-file -v --verbose --no-progress --timeout --json --csv --group' ;;
-    'show') echo '-h --help --pair --log-file -v --verbose --no-progress --timeout --json' ;;
-    'thumbnail') echo '-h --help --pair --log-file -v --verbose --no-progress --timeout -o --output --png --force' ;;
-    'contact-sheet') echo '-h --help --pair --log-file -v --verbose --no-progress --timeout -o --output --title --force --album --group --favorite --hidden --deleted --only-photos --only-movies --from-date --to-date --uuid --limit' ;;
-    'export') echo '-h --help --pair --log-file -v --verbose --no-progress --timeout --layout --utc --albums --edited --retries --dry-run --verify --report --album --group --favorite --hidden --deleted --only-photos --only-movies --from-date --to-date --uuid --limit' ;;
-    'dump') echo '-h --help --pair --log-file -v --verbose --no-progress --timeout' ;;
+    'info') echo '-h --help --pair --password-file --log-file -v --verbose --no-progress --timeout --json' ;;
+    'albums') echo '-h --help --pair --password-file --log-file -v --verbose --no-progress --timeout --json --csv --all' ;;
+    'photos') echo '-h --help --pair --password-file --log-file -v --verbose --no-progress --timeout --json --csv --album --group --favorite --hidden --deleted --only-photos --only-movies --from-date --to-date --uuid --limit' ;;
+    'groups') echo '-h --help --pair --password-file --log-file -v --verbose --no-progress --timeout --json --csv --group' ;;
+    'show') echo '-h --help --pair --password-file --log-file -v --verbose --no-progress --timeout --json' ;;
+    'thumbnail') echo '-h --help --pair --password-file --log-file -v --verbose --no-progress --timeout -o --output --png --force' ;;
+    'contact-sheet') echo '-h --help --pair --password-file --log-file -v --verbose --no-progress --timeout -o --output --title --force --album --group --favorite --hidden --deleted --only-photos --only-movies --from-date --to-date --uuid --limit' ;;
+    'export') echo '-h --help --pair --password-file --log-file -v --verbose --no-progress --timeout --layout --utc --albums --edited --retries --dry-run --verify --report --album --group --favorite --hidden --deleted --only-photos --only-movies --from-date --to-date --uuid --limit' ;;
+    'dump') echo '-h --help --pair --password-file --log-file -v --verbose --no-progress --timeout' ;;
     'sample') echo '-h --help --era --log-file -v --verbose --no-progress' ;;
     esac
 }
@@ -24,14 +24,18 @@ _photolib_value() {
     case $1 in
     ' --log-file') echo 'files' ;;
     ' --timeout') echo 'nothing' ;;
+    ' --password-file') echo 'files' ;;
     'devices --log-file') echo 'files' ;;
     'devices --timeout') echo 'nothing' ;;
+    'info --password-file') echo 'files' ;;
     'info --log-file') echo 'files' ;;
     'info --timeout') echo 'nothing' ;;
     'info 0') echo folders ;;
+    'albums --password-file') echo 'files' ;;
     'albums --log-file') echo 'files' ;;
     'albums --timeout') echo 'nothing' ;;
     'albums 0') echo folders ;;
+    'photos --password-file') echo 'files' ;;
     'photos --log-file') echo 'files' ;;
     'photos --timeout') echo 'nothing' ;;
     'photos --album') echo 'nothing' ;;
@@ -41,19 +45,23 @@ _photolib_value() {
     'photos --uuid') echo 'nothing' ;;
     'photos --limit') echo 'nothing' ;;
     'photos 0') echo folders ;;
+    'groups --password-file') echo 'files' ;;
     'groups --log-file') echo 'files' ;;
     'groups --timeout') echo 'nothing' ;;
     'groups --group') echo 'videos photos people places recently-deleted favorites portrait panoramas live-photos time-lapse screen-recordings slow-motion animated memories bursts screenshots selfies hidden imported raw badge-8 duplicates cinematic camera-roll shared cloud synced photo-stream' ;;
     'groups 0') echo folders ;;
+    'show --password-file') echo 'files' ;;
     'show --log-file') echo 'files' ;;
     'show --timeout') echo 'nothing' ;;
     'show 0') echo folders ;;
     'show '*) echo nothing ;;
+    'thumbnail --password-file') echo 'files' ;;
     'thumbnail --log-file') echo 'files' ;;
     'thumbnail --timeout') echo 'nothing' ;;
     'thumbnail -o' | 'thumbnail --output') echo 'files' ;;
     'thumbnail 0') echo folders ;;
     'thumbnail 1') echo nothing ;;
+    'contact-sheet --password-file') echo 'files' ;;
     'contact-sheet --log-file') echo 'files' ;;
     'contact-sheet --timeout') echo 'nothing' ;;
     'contact-sheet -o' | 'contact-sheet --output') echo 'files' ;;
@@ -65,6 +73,7 @@ _photolib_value() {
     'contact-sheet --uuid') echo 'nothing' ;;
     'contact-sheet --limit') echo 'nothing' ;;
     'contact-sheet 0') echo folders ;;
+    'export --password-file') echo 'files' ;;
     'export --log-file') echo 'files' ;;
     'export --timeout') echo 'nothing' ;;
     'export --layout') echo 'nothing' ;;
@@ -78,6 +87,7 @@ _photolib_value() {
     'export --limit') echo 'nothing' ;;
     'export 0') echo folders ;;
     'export 1') echo folders ;;
+    'dump --password-file') echo 'files' ;;
     'dump --log-file') echo 'files' ;;
     'dump --timeout') echo 'nothing' ;;
     'dump 0') echo folders ;;

@@ -5,7 +5,7 @@ function __photolib_command --description 'The command on the line, or nothing'
     set -e words[1]
     while set -q words[1]
         switch $words[1]
-            case --log-file --timeout
+            case --log-file --timeout --password-file
                 set -e words[1]
             case '-*'
             case '*'
@@ -41,6 +41,7 @@ complete -c photolib -n '__photolib_is' -l log-file -r -F -d 'Append every log l
 complete -c photolib -n '__photolib_is' -l no-progress -d 'Show no progress bar, also on a terminal'
 complete -c photolib -n '__photolib_is' -l pair -d 'Forget a device on USB and pair with it anew before it is read'
 complete -c photolib -n '__photolib_is' -l timeout -x -d 'Give a device on USB up when it does not answer for SECONDS (30 unless given)'
+complete -c photolib -n '__photolib_is' -l password-file -r -F -d 'Read the password of an encrypted backup from FILE, or - for standard input'
 
 complete -c photolib -n '__photolib_is devices' -s h -l help -d 'Print this help message and exit'
 complete -c photolib -n '__photolib_is devices' -l log-file -r -F -d 'Append every log line to FILE ("TAG LEVEL MESSAGE")'
@@ -51,6 +52,7 @@ complete -c photolib -n '__photolib_is devices' -l json -d 'Print JSON'
 
 complete -c photolib -n '__photolib_is info' -s h -l help -d 'Print this help message and exit'
 complete -c photolib -n '__photolib_is info' -l pair -d 'Forget a device on USB and pair with it anew before it is read'
+complete -c photolib -n '__photolib_is info' -l password-file -r -F -d 'Read the password of an encrypted backup from FILE, or - for standard input'
 complete -c photolib -n '__photolib_is info' -l log-file -r -F -d 'Append every log line to FILE ("TAG LEVEL MESSAGE")'
 complete -c photolib -n '__photolib_is info' -s v -l verbose -d 'Show the log lines on standard error'
 complete -c photolib -n '__photolib_is info' -l no-progress -d 'Show no progress bar, also on a terminal'
@@ -60,6 +62,7 @@ complete -c photolib -n '__photolib_is info' -a '(__fish_complete_directories)'
 
 complete -c photolib -n '__photolib_is albums' -s h -l help -d 'Print this help message and exit'
 complete -c photolib -n '__photolib_is albums' -l pair -d 'Forget a device on USB and pair with it anew before it is read'
+complete -c photolib -n '__photolib_is albums' -l password-file -r -F -d 'Read the password of an encrypted backup from FILE, or - for standard input'
 complete -c photolib -n '__photolib_is albums' -l log-file -r -F -d 'Append every log line to FILE ("TAG LEVEL MESSAGE")'
 complete -c photolib -n '__photolib_is albums' -s v -l verbose -d 'Show the log lines on standard error'
 complete -c photolib -n '__photolib_is albums' -l no-progress -d 'Show no progress bar, also on a terminal'
@@ -71,6 +74,7 @@ complete -c photolib -n '__photolib_is albums' -a '(__fish_complete_directories)
 
 complete -c photolib -n '__photolib_is photos' -s h -l help -d 'Print this help message and exit'
 complete -c photolib -n '__photolib_is photos' -l pair -d 'Forget a device on USB and pair with it anew before it is read'
+complete -c photolib -n '__photolib_is photos' -l password-file -r -F -d 'Read the password of an encrypted backup from FILE, or - for standard input'
 complete -c photolib -n '__photolib_is photos' -l log-file -r -F -d 'Append every log line to FILE ("TAG LEVEL MESSAGE")'
 complete -c photolib -n '__photolib_is photos' -s v -l verbose -d 'Show the log lines on standard error'
 complete -c photolib -n '__photolib_is photos' -l no-progress -d 'Show no progress bar, also on a terminal'
@@ -92,6 +96,7 @@ complete -c photolib -n '__photolib_is photos' -a '(__fish_complete_directories)
 
 complete -c photolib -n '__photolib_is groups' -s h -l help -d 'Print this help message and exit'
 complete -c photolib -n '__photolib_is groups' -l pair -d 'Forget a device on USB and pair with it anew before it is read'
+complete -c photolib -n '__photolib_is groups' -l password-file -r -F -d 'Read the password of an encrypted backup from FILE, or - for standard input'
 complete -c photolib -n '__photolib_is groups' -l log-file -r -F -d 'Append every log line to FILE ("TAG LEVEL MESSAGE")'
 complete -c photolib -n '__photolib_is groups' -s v -l verbose -d 'Show the log lines on standard error'
 complete -c photolib -n '__photolib_is groups' -l no-progress -d 'Show no progress bar, also on a terminal'
@@ -103,6 +108,7 @@ complete -c photolib -n '__photolib_is groups' -a '(__fish_complete_directories)
 
 complete -c photolib -n '__photolib_is show' -s h -l help -d 'Print this help message and exit'
 complete -c photolib -n '__photolib_is show' -l pair -d 'Forget a device on USB and pair with it anew before it is read'
+complete -c photolib -n '__photolib_is show' -l password-file -r -F -d 'Read the password of an encrypted backup from FILE, or - for standard input'
 complete -c photolib -n '__photolib_is show' -l log-file -r -F -d 'Append every log line to FILE ("TAG LEVEL MESSAGE")'
 complete -c photolib -n '__photolib_is show' -s v -l verbose -d 'Show the log lines on standard error'
 complete -c photolib -n '__photolib_is show' -l no-progress -d 'Show no progress bar, also on a terminal'
@@ -112,6 +118,7 @@ complete -c photolib -n '__photolib_is show' -a '(__fish_complete_directories)'
 
 complete -c photolib -n '__photolib_is thumbnail' -s h -l help -d 'Print this help message and exit'
 complete -c photolib -n '__photolib_is thumbnail' -l pair -d 'Forget a device on USB and pair with it anew before it is read'
+complete -c photolib -n '__photolib_is thumbnail' -l password-file -r -F -d 'Read the password of an encrypted backup from FILE, or - for standard input'
 complete -c photolib -n '__photolib_is thumbnail' -l log-file -r -F -d 'Append every log line to FILE ("TAG LEVEL MESSAGE")'
 complete -c photolib -n '__photolib_is thumbnail' -s v -l verbose -d 'Show the log lines on standard error'
 complete -c photolib -n '__photolib_is thumbnail' -l no-progress -d 'Show no progress bar, also on a terminal'
@@ -123,6 +130,7 @@ complete -c photolib -n '__photolib_is thumbnail' -a '(__fish_complete_directori
 
 complete -c photolib -n '__photolib_is contact-sheet' -s h -l help -d 'Print this help message and exit'
 complete -c photolib -n '__photolib_is contact-sheet' -l pair -d 'Forget a device on USB and pair with it anew before it is read'
+complete -c photolib -n '__photolib_is contact-sheet' -l password-file -r -F -d 'Read the password of an encrypted backup from FILE, or - for standard input'
 complete -c photolib -n '__photolib_is contact-sheet' -l log-file -r -F -d 'Append every log line to FILE ("TAG LEVEL MESSAGE")'
 complete -c photolib -n '__photolib_is contact-sheet' -s v -l verbose -d 'Show the log lines on standard error'
 complete -c photolib -n '__photolib_is contact-sheet' -l no-progress -d 'Show no progress bar, also on a terminal'
@@ -145,6 +153,7 @@ complete -c photolib -n '__photolib_is contact-sheet' -a '(__fish_complete_direc
 
 complete -c photolib -n '__photolib_is export' -s h -l help -d 'Print this help message and exit'
 complete -c photolib -n '__photolib_is export' -l pair -d 'Forget a device on USB and pair with it anew before it is read'
+complete -c photolib -n '__photolib_is export' -l password-file -r -F -d 'Read the password of an encrypted backup from FILE, or - for standard input'
 complete -c photolib -n '__photolib_is export' -l log-file -r -F -d 'Append every log line to FILE ("TAG LEVEL MESSAGE")'
 complete -c photolib -n '__photolib_is export' -s v -l verbose -d 'Show the log lines on standard error'
 complete -c photolib -n '__photolib_is export' -l no-progress -d 'Show no progress bar, also on a terminal'
@@ -172,6 +181,7 @@ complete -c photolib -n '__photolib_is export' -a '(__fish_complete_directories)
 
 complete -c photolib -n '__photolib_is dump' -s h -l help -d 'Print this help message and exit'
 complete -c photolib -n '__photolib_is dump' -l pair -d 'Forget a device on USB and pair with it anew before it is read'
+complete -c photolib -n '__photolib_is dump' -l password-file -r -F -d 'Read the password of an encrypted backup from FILE, or - for standard input'
 complete -c photolib -n '__photolib_is dump' -l log-file -r -F -d 'Append every log line to FILE ("TAG LEVEL MESSAGE")'
 complete -c photolib -n '__photolib_is dump' -s v -l verbose -d 'Show the log lines on standard error'
 complete -c photolib -n '__photolib_is dump' -l no-progress -d 'Show no progress bar, also on a terminal'

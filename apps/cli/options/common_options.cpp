@@ -14,6 +14,7 @@ constexpr const char *noProgressName = "--no-progress";
 
 constexpr const char *pairName = "--pair";
 constexpr const char *timeoutName = "--timeout";
+constexpr const char *passwordFileName = "--password-file";
 
 constexpr const char *verboseFlags = "-v,--verbose";
 constexpr const char *verboseHelp = "Show the log lines on standard error";
@@ -32,6 +33,7 @@ std::string refusalOfTimeout(const std::string &text)
                ? ""
                : "\"" + text + "\" is no number of seconds above 0 and up to 3600";
 }
+constexpr const char *passwordFileHelp = "Read the password of an encrypted backup from FILE, or - for standard input";
 
 // Options before the command have been read when the command's own are about to be.
 void takeOver(const CLI::App &app, LogOptions &options)
@@ -56,6 +58,13 @@ void takeOver(const CLI::App &app, UsbOptions &options)
         options.timeout = app.get_option(timeoutName)->as<double>();
 }
 
+void takeOverPassword(const CLI::App &app, DeviceOptions &options)
+{
+    const std::vector<std::string> files = app.get_option(passwordFileName)->results();
+    if (!files.empty())
+        options.passwordFile = files.back();
+}
+
 } // namespace
 
 void addGlobalOptions(CLI::App &app)
@@ -65,6 +74,7 @@ void addGlobalOptions(CLI::App &app)
     app.add_flag(noProgressName, noProgressHelp);
     app.add_flag(pairName, pairHelp);
     app.add_option(timeoutName, timeoutHelp)->type_name("SECONDS")->check(refusalOfTimeout);
+    app.add_option(passwordFileName, passwordFileHelp)->type_name("FILE");
 }
 
 void addLogOptions(CLI::App &command, LogOptions &options)
@@ -85,11 +95,12 @@ void addDeviceOptions(CLI::App &command, DeviceOptions &options)
 {
     command
         .add_option("DEVICE", options.device,
-                    "The device: a folder that holds its DCIM and PhotoData folders, or folder:PATH; usb for the "
-                    "device on USB, or afc:UDID")
+                    "The device: a folder that holds its DCIM and PhotoData folders, or the folder of a backup; usb "
+                    "for the device on USB, or afc:UDID")
         ->required()
         ->type_name("");
     command.add_flag(pairName, options.pair, pairHelp);
+    command.add_option(passwordFileName, options.passwordFile, passwordFileHelp)->type_name("FILE");
     addDeviceSearchOptions(command, options);
 }
 
@@ -100,6 +111,7 @@ void addDeviceSearchOptions(CLI::App &command, DeviceOptions &options)
     command.preparse_callback([&command, &options](std::size_t) {
         takeOver(*command.get_parent(), static_cast<ProgressOptions &>(options));
         takeOver(*command.get_parent(), static_cast<UsbOptions &>(options));
+        takeOverPassword(*command.get_parent(), options);
     });
 }
 

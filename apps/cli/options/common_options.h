@@ -34,6 +34,7 @@ struct UsbOptions {
 /// What every subcommand that reads a device takes.
 struct DeviceOptions : ProgressOptions, UsbOptions {
     std::string device;
+    std::string passwordFile; ///< empty for none, "-" for standard input
 };
 
 struct FormatOptions {
@@ -42,8 +43,8 @@ struct FormatOptions {
     Format format() const { return json ? Format::Json : csv ? Format::Csv : Format::Table; }
 };
 
-/// Declares the log, progress and USB options on the command line as a whole, for those who write them before the
-/// subcommand. Call it before any subcommand is added.
+/// Declares the log, progress, USB and password options on the command line as a whole, for those who write them before
+/// the subcommand. Call it before any subcommand is added.
 void addGlobalOptions(CLI::App &app);
 
 /// Declare the options on a subcommand. The structures must outlive the parsing. Those of addGlobalOptions() take

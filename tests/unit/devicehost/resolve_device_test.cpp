@@ -240,17 +240,6 @@ TEST_F(ResolveDevice, MissingPermissionsAreNamed)
                 HasSubstr("no library: " + database.toStdString() + " cannot be opened: Permission denied; "));
 }
 
-TEST_F(ResolveDevice, KindsOfLaterBuildsAreSaidToBeUnsupported)
-{
-    writeFile(path("backup/Manifest.db"), "database");
-    for (const QString &argument : {QStringLiteral("backup:/x"), path("backup")}) {
-        const ResolvedDevice resolved = resolveDevice(argument);
-        EXPECT_EQ(resolved.status, DeviceStatus::Unreachable);
-        EXPECT_THAT(message(resolved), HasSubstr("not supported yet by this build"));
-    }
-    EXPECT_THAT(message(resolveDevice(QStringLiteral("backup:/x"))), HasSubstr("backups (backup:/x) are not "));
-}
-
 TEST_F(ResolveDevice, UnknownKindsAreNamed)
 {
     const ResolvedDevice resolved = resolveDevice(QStringLiteral("ftp:/x"));
