@@ -8,6 +8,7 @@
 #include <plist/plist.h>
 #include <usbmuxd.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <optional>
 
@@ -18,6 +19,8 @@ namespace
 {
 
 using namespace afc;
+
+constexpr uint64_t longestText = 1000; ///< bytes; names are short
 
 bool neverStops()
 {
@@ -41,11 +44,11 @@ QString valueOf(const LockdownHandle &lockdown, const char *key)
     plist_t value = nullptr;
     if (lockdownd_get_value(lockdown.get(), nullptr, key, &value) != LOCKDOWN_E_SUCCESS || value == nullptr)
         return {};
-    char *text = nullptr;
-    if (plist_get_node_type(value) == PLIST_STRING)
-        plist_get_string_val(value, &text);
-    const QString result = QString::fromUtf8(text);
-    std::free(text);
+    // Not plist_get_string_val(), which ends the process when there is a zero in the text.
+    uint64_t size = 0;
+    const char *const text = plist_get_node_type(value) == PLIST_STRING ? plist_get_string_ptr(value, &size) : nullptr;
+    const QString result =
+        text == nullptr ? QString() : QString::fromUtf8(text, static_cast<int>(std::min<uint64_t>(size, longestText)));
     plist_free(value);
     return result;
 }
