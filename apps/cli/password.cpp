@@ -7,6 +7,7 @@
 #include "devicehost/vdev/verror.h"
 
 #include <fcntl.h>
+#include <poll.h>
 #include <termios.h>
 #include <unistd.h>
 
@@ -30,7 +31,8 @@ void noteSignal(int number)
     caughtSignal = number;
 }
 
-/// Shows nothing that is typed, for as long as it lives. A signal that would end the program ends the typing.
+/// Shows nothing that is typed, for as long as it lives. A signal that would end the program is held back, and noted
+/// when waitForInput() lets it through: one that came between a look and the wait would be slept over.
 class SilentTerminal
 {
 public:
@@ -41,8 +43,13 @@ public:
         silent.c_lflag &= ~static_cast<tcflag_t>(ECHO);
         silent.c_lflag |= ECHONL | ICANON | ISIG;
         caughtSignal = 0;
+        sigset_t held;
+        ::sigemptyset(&held);
+        for (const int number : signals)
+            ::sigaddset(&held, number);
+        ::sigprocmask(SIG_BLOCK, &held, &maskBefore);
         struct sigaction action = {};
-        action.sa_handler = &noteSignal; // without SA_RESTART: read() returns
+        action.sa_handler = &noteSignal;
         for (std::size_t i = 0; i < signals.size(); ++i)
             ::sigaction(signals[i], &action, &handlers[i]);
         ::tcsetattr(STDIN_FILENO, TCSAFLUSH, &silent);
@@ -51,8 +58,18 @@ public:
     ~SilentTerminal()
     {
         ::tcsetattr(STDIN_FILENO, TCSAFLUSH, &before);
+        ::sigprocmask(SIG_SETMASK, &maskBefore, nullptr); // what is pending is noted now
         for (std::size_t i = 0; i < signals.size(); ++i)
             ::sigaction(signals[i], &handlers[i], nullptr);
+    }
+
+    /// False when a signal came.
+    bool waitForInput() const
+    {
+        pollfd input = {STDIN_FILENO, POLLIN, 0};
+        while (caughtSignal == 0 && ::ppoll(&input, 1, nullptr, &maskBefore) < 0 && errno == EINTR) {
+        }
+        return caughtSignal == 0;
     }
 
     SilentTerminal(const SilentTerminal &) = delete;
@@ -61,6 +78,7 @@ public:
 private:
     static constexpr std::array<int, 4> signals = {SIGINT, SIGTERM, SIGHUP, SIGQUIT};
     termios before = {};
+    sigset_t maskBefore = {};
     std::array<struct sigaction, 4> handlers = {};
 };
 
@@ -71,7 +89,7 @@ int readLine(int file, QByteArray *line)
     for (;;) {
         char byte = 0;
         const ssize_t count = ::read(file, &byte, 1);
-        if (count < 0 && errno == EINTR && caughtSignal == 0)
+        if (count < 0 && errno == EINTR)
             continue;
         if (count < 0)
             return errno;
@@ -93,9 +111,14 @@ QString reasonFor(int code)
 
 int askOnTerminal(const QString &device, QByteArray *password)
 {
-    const SilentTerminal silence; // from before the question on: nothing of the answer is shown or lost
-    printPrompt(QStringLiteral("Password of %1: ").arg(device));
-    return readLine(STDIN_FILENO, password);
+    int code = EINTR;
+    {
+        const SilentTerminal silence; // from before the question on: nothing of the answer is shown or lost
+        printPrompt(QStringLiteral("Password of %1: ").arg(device));
+        if (silence.waitForInput()) // a terminal gives whole lines
+            code = readLine(STDIN_FILENO, password);
+    }
+    return caughtSignal == 0 ? code : EINTR;
 }
 
 int readFrom(const QString &file, QByteArray *password)

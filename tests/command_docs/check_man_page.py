@@ -11,7 +11,7 @@ sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[2] / "scripts"))
 from command_help import read_help
 
 COMMON = "Options of every command"
-WITH_DEVICE = "Options of every command with a DEVICE"
+READING = "Options of every command that reads a device"
 WITHOUT_COMMAND = "Options without a command"
 
 
@@ -64,15 +64,16 @@ def compare(what, page, program):
 
 def differences(sections, commands):
     common = sections[COMMON]["options"]
-    yield from compare("without a command", common | sections[WITHOUT_COMMAND]["options"], options_of(commands[""]))
+    reading = sections[READING]["options"]
+    yield from compare("without a command", common | reading | sections[WITHOUT_COMMAND]["options"], options_of(commands[""]))
     described = {name for name, section in sections.items() if section["chapter"] == "COMMANDS"} - {"COMMANDS"}
     yield from compare("commands", described, set(commands) - {""})
-    used = {COMMON, WITH_DEVICE, WITHOUT_COMMAND} | described
+    used = {COMMON, READING, WITHOUT_COMMAND} | described
     for name in sorted(described & set(commands)):
         section = sections[name]
         page = common | section["options"]
-        if section["usage"] and "DEVICE" in section["usage"][1].split():
-            page |= sections[WITH_DEVICE]["options"]
+        if any(positional.name == "DEVICE" for positional in commands[name].positionals):
+            page |= reading
         for other in section["also"]:
             page |= sections[other]["options"]
             used.add(other)
