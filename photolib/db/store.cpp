@@ -41,7 +41,13 @@ void store(QMap<quint64, Record *> *records, QSet<Record *> *unlinked, Record *r
 {
     unlinked->remove(record);
     std::unique_ptr<Record> owned(record);
-    Record *&place = (*records)[static_cast<quint64>(record->pk)];
+    const auto key = static_cast<quint64>(record->pk);
+    if (records->isEmpty() || records->lastKey() < key) { // as most rows come: there is nothing to search
+        records->insert(records->constEnd(), key, record);
+        owned.release();
+        return;
+    }
+    Record *&place = (*records)[key];
     if (place && place != record)
         unlinked->insert(place);
     place = owned.release();
