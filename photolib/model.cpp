@@ -73,6 +73,8 @@ void photo_manager::buildModel()
 {
     if (!photosDb)
         return;
+    if (photoGroup *group = syncedPhotos()) // of an earlier opening: a deleted photo may come back
+        deletedSyncedPhotos.apply(&group->assetIds);
     groupAssets();
     groupFaces();
     groupMemories();

@@ -48,8 +48,8 @@ class Members
 public:
     explicit Members(albumRecord *album) : list(&album->memberIds), first(album->memberIds.size()) {}
 
-    // Databases list the assets of an album in ascending order for the most part: as long as they do, the last one tells
-    // that the next is new.
+    // Databases list the assets of an album in ascending order for the most part: as long as they do, the last one
+    // tells that the next is new.
     void add(qint64 asset)
     {
         if (seen.empty() && (list->size() == first || list->last() < asset)) {
