@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Installs the Debian packages that the project needs, where they are missing.
-# Usage: scripts/install-packages.sh GROUP...     groups: build, package, test, check, fuzz
+# Usage: scripts/install-packages.sh GROUP...     groups: build, package, test, check, fuzz, bench
 set -euo pipefail
 
 build=(g++ cmake ninja-build pkg-config ca-certificates
@@ -8,9 +8,10 @@ build=(g++ cmake ninja-build pkg-config ca-certificates
 package=("${build[@]}" dpkg-dev file)
 test=("${build[@]}" libgtest-dev libgmock-dev sqlite3 binutils python3 util-linux)
 check=("${test[@]}" clang-format clang-tidy shellcheck git strace abigail-tools doxygen
-    "${package[@]}" fakeroot fish mandoc zsh)
+    "${package[@]}" fakeroot fish mandoc zsh libbenchmark-dev valgrind)
 # clang's own version of Debian; the runtime library holds the fuzzer, llvm the tool that names the lines of a crash.
 fuzz=("${test[@]}" clang libclang-rt-14-dev llvm)
+bench=("${build[@]}" libbenchmark-dev ffmpeg git python3 sqlite3)
 
 wanted=()
 for group in "$@"; do
@@ -20,8 +21,9 @@ for group in "$@"; do
     test) wanted+=("${test[@]}") ;;
     check) wanted+=("${check[@]}") ;;
     fuzz) wanted+=("${fuzz[@]}") ;;
+    bench) wanted+=("${bench[@]}") ;;
     *)
-        echo "install-packages.sh: unknown group '$group' (build, package, test, check or fuzz)" >&2
+        echo "install-packages.sh: unknown group '$group' (build, package, test, check, fuzz or bench)" >&2
         exit 2
         ;;
     esac

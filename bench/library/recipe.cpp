@@ -4,6 +4,8 @@
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
+#include <QtEndian>
 
 #include <algorithm>
 
@@ -41,9 +43,11 @@ void addBurst(AssetRow *row, int n)
     row->visibilityState = n % photosOfABurst == 0 ? 0 : 2;
 }
 
-AssetRow assetOf(int n)
+AssetRow assetOf(int n, const Recipe &recipe)
 {
     AssetRow row;
+    if (recipe.synced)
+        row.directory = QStringLiteral("PhotoData/Sync/%1SYNCD").arg(100 + n / 1000);
     if (n % 10 == 7) {
         row.kind = 1;
         row.duration = 12.5;
@@ -61,8 +65,8 @@ AssetRow assetOf(int n)
         row.kindSubtype = 10;
     if (n % 10 < 6)
         addPlace(&row, n);
-    if (n % 500 < photosOfABurst)
-        addBurst(&row, n);
+    if (recipe.oneBurst || n % 500 < photosOfABurst)
+        addBurst(&row, recipe.oneBurst ? n % 500 : n);
     return row;
 }
 
@@ -107,38 +111,61 @@ void addMemories(LibraryBuilder *library, int assets)
     }
 }
 
-// The names are those that the library builder gives.
-void writeFiles(const QString &folder, int files, qint64 fileBytes)
+void write(const QString &path, const QByteArray &bytes)
 {
-    QDir(folder).mkpath(QStringLiteral("DCIM/100APPLE"));
-    QByteArray block(1 << 20, '\0');
-    for (int n = 1; n <= files; ++n) {
-        const QString suffix = assetOf(n - 1).kind == 1 ? QStringLiteral("MOV") : QStringLiteral("JPG");
-        QFile file(QStringLiteral("%1/DCIM/100APPLE/IMG_%2.%3").arg(folder).arg(n, 4, 10, QLatin1Char('0')).arg(suffix));
-        if (!file.open(QIODevice::WriteOnly))
-            throw testkit::LibraryError(file.errorString().toStdString() + ": " + file.fileName().toStdString());
-        for (qint64 done = 0; done < fileBytes; done += block.size()) {
-            for (int i = 0; i < block.size(); ++i)
-                block[i] = static_cast<char>((i * 7 + n * 131 + done / block.size()) & 0xFF);
-            file.write(block.constData(), std::min<qint64>(block.size(), fileBytes - done));
-        }
+    QDir().mkpath(QFileInfo(path).path());
+    QFile file(path);
+    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
+        throw testkit::LibraryError(file.errorString().toStdString() + ": " + path.toStdString());
+}
+
+QByteArray madeBytes(qint64 count, int seed)
+{
+    QByteArray bytes(static_cast<int>(count), '\0');
+    for (int i = 0; i < bytes.size(); ++i)
+        bytes[i] = static_cast<char>((i * 7 + i / 251 + seed * 131) & 0xFF);
+    return bytes;
+}
+
+// A picture of 332 by 332 pixels in rows of 336.
+QByteArray madeFrame(int seed)
+{
+    QByteArray frame = madeBytes(336 * 332 * 2, seed);
+    QByteArray trailer(28, '\0');
+    for (const int field : {16, 20})
+        qToLittleEndian<qint32>(332, trailer.data() + field);
+    return frame + trailer;
+}
+
+// The names are those that the library builder gives.
+void writeFiles(const QString &folder, const Recipe &recipe)
+{
+    QByteArray frames;
+    for (int n = 0; n < recipe.files; ++n) {
+        const QString suffix = assetOf(n, recipe).kind == 1 ? QStringLiteral("MOV") : QStringLiteral("JPG");
+        const QString name = QStringLiteral("DCIM/100APPLE/IMG_%1.%2").arg(n + 1, 4, 10, QLatin1Char('0')).arg(suffix);
+        write(folder + QLatin1Char('/') + name, madeBytes(recipe.fileBytes, n));
+        frames += madeFrame(n);
+        if (n == 0)
+            write(QStringLiteral("%1/PhotoData/Thumbnails/V2/%2/5005.JPG").arg(folder, name), madeBytes(50'000, n));
     }
+    write(folder + QStringLiteral("/PhotoData/Thumbnails/332x332.ithmb"), frames);
 }
 
 } // namespace
 
-void writeDevice(const QString &folder, int assets, int files, qint64 fileBytes)
+void writeDevice(const QString &folder, const Recipe &recipe)
 {
     LibraryBuilder library(testkit::Era::Ios15);
-    for (int n = 0; n < assets; ++n)
-        library.addAsset(assetOf(n));
-    addAlbums(&library, assets);
-    addFaces(&library, assets);
-    addMemories(&library, assets);
-    QDir(folder).mkpath(QStringLiteral("PhotoData"));
+    for (int n = 0; n < recipe.assets; ++n)
+        library.addAsset(assetOf(n, recipe));
+    addAlbums(&library, recipe.assets);
+    addFaces(&library, recipe.assets);
+    addMemories(&library, recipe.assets);
+    QDir().mkpath(folder + QStringLiteral("/PhotoData"));
     library.write(folder + QStringLiteral("/PhotoData/Photos.sqlite"));
-    if (files > 0)
-        writeFiles(folder, files, fileBytes);
+    if (recipe.files > 0)
+        writeFiles(folder, recipe);
 }
 
 } // namespace bench
