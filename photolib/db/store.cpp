@@ -10,12 +10,13 @@ namespace
 
 constexpr int deletableAlbumKind = 1550;
 
-QList<qint64> signedKeys(const QList<quint64> &keys)
+template <typename Record>
+QList<qint64> signedKeys(const QMap<quint64, Record *> &records)
 {
     QList<qint64> ids;
-    ids.reserve(keys.size());
-    for (const quint64 key : keys)
-        ids.append(static_cast<qint64>(key));
+    ids.reserve(records.size());
+    for (auto record = records.cbegin(); record != records.cend(); ++record)
+        ids.append(static_cast<qint64>(record.key()));
     return ids;
 }
 
@@ -67,12 +68,12 @@ assetRecord *Photos_DB::findAsset(quint64 key) const
 
 QList<qint64> Photos_DB::albumIdList() const
 {
-    return signedKeys(albums.keys());
+    return signedKeys(albums);
 }
 
 QList<qint64> Photos_DB::assetIdList() const
 {
-    return signedKeys(assets.keys());
+    return signedKeys(assets);
 }
 
 QList<albumRecord *> Photos_DB::albumRecords() const
