@@ -2,6 +2,8 @@
 
 #include "photolib/db/records.h"
 
+#include <algorithm>
+#include <cmath>
 #include <iterator>
 
 namespace photolib
@@ -97,7 +99,28 @@ int placeCategory(const assetRecord &asset)
 
 QString placeKey(const assetRecord &asset)
 {
-    return QStringLiteral("%1-%2").arg(asset.latitude).arg(asset.longitude);
+    return QString::number(asset.latitude) + QLatin1Char('-') + QString::number(asset.longitude);
+}
+
+// Not for coordinates that are no numbers, of which there is more than one kind.
+bool isSamePlace(const assetRecord &one, const assetRecord &other)
+{
+    const auto isSame = [](double a, double b) { return a <= b && a >= b && std::signbit(a) == std::signbit(b); };
+    return isSame(one.latitude, other.latitude) && isSame(one.longitude, other.longitude);
+}
+
+bool isSameBurst(const assetRecord &one, const assetRecord &other)
+{
+    return one.avalancheUuid == other.avalancheUuid;
+}
+
+// Most types have no F, and only those that do are worth a search.
+bool isGif(const QString &type)
+{
+    const bool mayBe = std::any_of(type.cbegin(), type.cend(), [](QChar character) {
+        return character == QLatin1Char('f') || character == QLatin1Char('F') || character.unicode() > 0x7F;
+    });
+    return mayBe && type.contains(QLatin1String("gif"), Qt::CaseInsensitive);
 }
 
 QString onlyKey(const assetRecord &)
@@ -110,23 +133,30 @@ bool noCover(const assetRecord &)
     return false;
 }
 
+bool always(const assetRecord &, const assetRecord &)
+{
+    return true;
+}
+
+bool neverSure(const assetRecord &, const assetRecord &)
+{
+    return false;
+}
+
 constexpr CategoryRule rules[] = {
-    {[](const assetRecord &asset) { return asset.importSession != 0 ? 20 : 0; }, onlyKey, noCover},
-    {[](const assetRecord &asset) { return asset.hidden != 0 ? 19 : 0; }, onlyKey, noCover},
-    {[](const assetRecord &asset) { return asset.kind == 1 ? 1 : 0; }, onlyKey, noCover},
-    {subtypeCategory, onlyKey, noCover},
-    {[](const assetRecord &asset) { return asset.favorite == 1 ? 7 : 0; }, onlyKey, noCover},
-    {[](const assetRecord &asset) {
-         return asset.uniformTypeIdentifier.contains(QLatin1String("gif"), Qt::CaseInsensitive) ? 14 : 0;
-     },
-     onlyKey, noCover},
-    {badgeCategory, onlyKey, noCover},
-    {depthCategory, onlyKey, noCover},
-    {burstCategory, burstKey, isKeyOfBurst},
-    {[](const assetRecord &asset) { return asset.duplicateAssetVisibilityState != 0 ? 23 : 0; }, duplicatesKey,
-     noCover},
-    {placeCategory, placeKey, noCover},
-    {[](const assetRecord &asset) { return asset.cameraCaptureDevice == 1 ? 18 : 0; }, onlyKey, noCover},
+    {[](const assetRecord &asset) { return asset.importSession != 0 ? 20 : 0; }, onlyKey, noCover, always},
+    {[](const assetRecord &asset) { return asset.hidden != 0 ? 19 : 0; }, onlyKey, noCover, always},
+    {[](const assetRecord &asset) { return asset.kind == 1 ? 1 : 0; }, onlyKey, noCover, always},
+    {subtypeCategory, onlyKey, noCover, always},
+    {[](const assetRecord &asset) { return asset.favorite == 1 ? 7 : 0; }, onlyKey, noCover, always},
+    {[](const assetRecord &asset) { return isGif(asset.uniformTypeIdentifier) ? 14 : 0; }, onlyKey, noCover, always},
+    {badgeCategory, onlyKey, noCover, always},
+    {depthCategory, onlyKey, noCover, always},
+    {burstCategory, burstKey, isKeyOfBurst, isSameBurst},
+    {[](const assetRecord &asset) { return asset.duplicateAssetVisibilityState != 0 ? 23 : 0; }, duplicatesKey, noCover,
+     neverSure},
+    {placeCategory, placeKey, noCover, isSamePlace},
+    {[](const assetRecord &asset) { return asset.cameraCaptureDevice == 1 ? 18 : 0; }, onlyKey, noCover, always},
 };
 
 } // namespace

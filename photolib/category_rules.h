@@ -33,6 +33,9 @@ struct CategoryRule {
 
     /// Whether the asset becomes the cover of its group.
     bool (*isCover)(const assetRecord &asset);
+
+    /// Whether two assets certainly have the same key, told without making it. False may be either.
+    bool (*haveSameKey)(const assetRecord &one, const assetRecord &other);
 };
 
 /// All independent categories, in the order in which they are tested; `end` is behind the last.

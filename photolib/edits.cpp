@@ -114,6 +114,16 @@ int photo_manager::updateAlbum(albumItem *album)
     });
 }
 
+// Null when no photo was synced.
+photoGroup *photo_manager::syncedPhotos()
+{
+    const auto groups = categoryGroups.find(syncedCategory);
+    if (groups == categoryGroups.end())
+        return nullptr;
+    const auto group = groups->find(singleGroupKey());
+    return group == groups->end() ? nullptr : &*group;
+}
+
 // Of the groups only the one of synced photos is kept up to date.
 int photo_manager::deletePhoto(const qint64 *photoId)
 {
@@ -121,12 +131,8 @@ int photo_manager::deletePhoto(const qint64 *photoId)
         return done;
     const QMutexLocker lock(&editMutex);
     return guarded(done, [&] {
-        const auto groups = categoryGroups.find(syncedCategory);
-        if (groups != categoryGroups.end()) {
-            const auto group = groups->find(singleGroupKey());
-            if (group != groups->end())
-                group->assetIds.removeAll(*photoId);
-        }
+        if (photoGroup *group = syncedPhotos())
+            deletedSyncedPhotos.remove(&group->assetIds, *photoId);
         if (photosDb)
             photosDb->removeAsset(static_cast<quint64>(*photoId));
         return done;

@@ -1,9 +1,14 @@
 #include "photolib/photo_manager.h"
 
+#include "photolib/asset_groups.h"
 #include "photolib/category_rules.h"
 #include "photolib/db/photos_db.h"
 
+#include <QtEndian>
+
 #include <algorithm>
+#include <array>
+#include <vector>
 
 using namespace photolib;
 
@@ -25,52 +30,88 @@ QString memoryTitle(const memoryRecord &memory)
     return QStringLiteral("%1%2%3").arg(memory.subtitle).arg(separator).arg(memory.title);
 }
 
+// In ascending order each one goes behind the last, and no place has to be searched: a tree of a million identifiers
+// takes a million searches otherwise. Comparing their first bytes as one number is most of sorting them.
+class UuidsInOrder
+{
+public:
+    void reserve(int count) { uuids.reserve(static_cast<std::size_t>(count)); }
+    void add(const QByteArray &uuid) { uuids.push_back({beginningOf(uuid), &uuid}); }
+
+    void insertInto(QMap<QByteArray, bool> *known)
+    {
+        std::sort(uuids.begin(), uuids.end());
+        for (const Uuid &uuid : uuids)
+            known->insert(known->constEnd(), *uuid.bytes, true);
+    }
+
+private:
+    struct Uuid {
+        quint64 beginning;
+        const QByteArray *bytes;
+
+        bool operator<(const Uuid &other) const
+        {
+            return beginning != other.beginning ? beginning < other.beginning : *bytes < *other.bytes;
+        }
+    };
+
+    static quint64 beginningOf(const QByteArray &uuid)
+    {
+        std::array<char, sizeof(quint64)> beginning = {};
+        std::copy_n(uuid.constData(), std::min<std::size_t>(static_cast<std::size_t>(uuid.size()), beginning.size()),
+                    beginning.begin());
+        return qFromBigEndian<quint64>(beginning.data());
+    }
+
+    std::vector<Uuid> uuids;
+};
+
 } // namespace
 
 void photo_manager::buildModel()
 {
     if (!photosDb)
         return;
-    for (const albumRecord *album : photosDb->albumRecords())
-        knownUuids.insert(album->uuid, true);
+    if (photoGroup *group = syncedPhotos()) // of an earlier opening: a deleted photo may come back
+        deletedSyncedPhotos.apply(&group->assetIds);
     groupAssets();
     groupFaces();
     groupMemories();
     knownUuids.insert(databaseUuid.toUtf8(), true);
 }
 
+// One walk over the assets for both.
 void photo_manager::groupAssets()
 {
-    for (const assetRecord *asset : photosDb->assetRecords()) {
+    const QList<albumRecord *> albums = photosDb->albumRecords();
+    const QMap<quint64, assetRecord *> &assets = photosDb->assetMap();
+    UuidsInOrder uuids;
+    uuids.reserve(albums.size() + assets.size());
+    for (const albumRecord *album : albums)
+        uuids.add(album->uuid);
+    AssetGroups groups(&categoryGroups);
+    for (const assetRecord *asset : assets) {
         if (!asset)
             continue;
-        knownUuids.insert(asset->uuid, true);
-        if (isRecentlyDeleted(*asset)) {
-            addAssetToGroup(recentlyDeletedCategory, *asset, singleGroupKey(), false);
-            continue;
-        }
-        if (const int category = directoryCategory(*asset))
-            addAssetToGroup(category, *asset, singleGroupKey(), false);
-        for (const CategoryRule &rule : categoryRules()) {
-            if (const int category = rule.categoryOf(*asset))
-                addAssetToGroup(category, *asset, rule.keyOf(*asset), rule.isCover(*asset));
-        }
+        uuids.add(asset->uuid);
+        groups.add(*asset);
     }
+    uuids.insertInto(&knownUuids);
 }
 
 // The cover is what the reader kept for the group: its own number when its key face was seen, not a photo.
 void photo_manager::groupFaces()
 {
-    QStringList keys = photosDb->faceGroupKeys();
-    // A key comes once for each face, in a row. Not removeDuplicates(): a stranger has chosen what that would hash.
-    keys.erase(std::unique(keys.begin(), keys.end()), keys.end());
-    for (const QString &key : keys) {
+    const QMultiMap<QString, qint64> &faces = photosDb->faceMap();
+    for (auto face = faces.cbegin(); face != faces.cend();) {
         photoGroup group;
         group.category = peopleCategory;
-        group.key = key;
-        group.coverAssetId = photosDb->faceGroupKeyFace(key);
-        group.assetIds = photosDb->faceGroupAssetIds(key);
-        categoryGroups[peopleCategory].insert(key, group);
+        group.key = face.key();
+        group.coverAssetId = photosDb->faceGroupKeyFace(group.key);
+        for (; face != faces.cend() && face.key() == group.key; ++face)
+            group.assetIds.append(*face);
+        categoryGroups[peopleCategory].insert(group.key, group);
     }
 }
 
@@ -93,15 +134,8 @@ void photo_manager::groupMemories()
 
 void photo_manager::addAssetToGroup(int category, const assetRecord &asset, const QString &key, bool setCover)
 {
-    QMap<QString, photoGroup> &groups = categoryGroups[category];
-    auto group = groups.find(key);
-    if (group == groups.end()) {
-        photoGroup fresh;
-        fresh.category = category;
-        fresh.key = key;
-        group = groups.insert(key, fresh);
-    }
-    group->assetIds.append(asset.pk);
+    photoGroup &group = groupOf(&categoryGroups, category, key);
+    group.assetIds.append(asset.pk);
     if (setCover)
-        group->coverAssetId = asset.pk;
+        group.coverAssetId = asset.pk;
 }

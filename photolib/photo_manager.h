@@ -3,6 +3,7 @@
 
 #include "photolib/media/ithmb_frame.h"
 #include "photolib/photolib.h"
+#include "photolib/removed_members.h"
 
 #include <QDateTime>
 #include <QMap>
@@ -64,6 +65,7 @@ private:
     bool appendBitmap(const unsigned char *frame, QByteArray *out);
     static VFile *openIthmbFile(struct ithmbGeometry *geometry, VDev *device);
 
+    photoGroup *syncedPhotos();
     void createAsset(photoItem *photo);
     QByteArray generateUuid();
 
@@ -72,6 +74,8 @@ private:
     Photos_DB *photosDb = nullptr;      // owned; null until openLibrary() made it
     QMap<QByteArray, bool> knownUuids;
     QMap<int, QMap<QString, photoGroup>> categoryGroups;
+    photolib::RemovedMembers deletedSyncedPhotos; // not yet taken out of their group
+    std::vector<quint64> passedDraws;             // of the last identifiers: each is among the known ones
     QMutex uuidMutex{QMutex::NonRecursive};
     QMutex editMutex{QMutex::Recursive};
     QByteArray currentLibraryUuid;

@@ -1,6 +1,7 @@
 #include "photolib/photo_manager.h"
 
 #include "photolib/boundary.h"
+#include "photolib/category_rules.h"
 #include "photolib/db/photos_db.h"
 #include "photolib/record_items.h"
 
@@ -57,5 +58,10 @@ QStringList photo_manager::getGroupKeys(int category)
 
 photoGroup photo_manager::getPhotoGroup(int category, const QString &key)
 {
-    return guarded(photoGroup(), [&] { return categoryGroups.value(category).value(key); });
+    return guarded(photoGroup(), [&] {
+        photoGroup group = categoryGroups.value(category).value(key);
+        if (category == syncedCategory && key == singleGroupKey())
+            group.assetIds = deletedSyncedPhotos.remains(group.assetIds);
+        return group;
+    });
 }

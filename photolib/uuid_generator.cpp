@@ -26,32 +26,45 @@ void seed()
     qsrand(QDateTime::currentDateTime().toTime_t());
 }
 
-QByteArray draw()
+quint64 draw()
 {
     const auto high = static_cast<quint64>(qrand());
     const auto low = static_cast<quint64>(qrand()); // widened with its sign, as `high` is
-    QByteArray raw(uuidSize, '\0');
-    qToLittleEndian((high << 32) | low, raw.data() + uuidSize / 2);
-    return raw;
+    return (high << 32) | low;
 }
 
 QT_WARNING_POP
 
+QByteArray identifierOf(quint64 drawn)
+{
+    QByteArray raw(uuidSize, '\0');
+    qToLittleEndian(drawn, raw.data() + uuidSize / 2);
+    return raw;
+}
+
 } // namespace
 
 // Every call seeds anew, so two calls within a second draw the same numbers: the second finds its first draw taken and
-// goes on drawing.
+// goes on drawing. An identifier that was taken stays so, and need not be looked up again when it is drawn again.
 QByteArray photo_manager::generateUuid()
 {
     const QMutexLocker lock(&uuidMutex);
     seed();
-    for (;;) {
+    for (std::size_t count = 0;; ++count) {
         if (!photosDb)
             return QByteArray(uuidSize, 'a');
-        const QByteArray raw = draw();
-        if (knownUuids.contains(raw) || knownUuids.contains(textOf(raw)))
+        const quint64 drawn = draw();
+        if (count < passedDraws.size() && passedDraws[count] == drawn)
             continue;
-        knownUuids.insert(raw, true);
-        return raw;
+        const QByteArray raw = identifierOf(drawn);
+        const bool isTaken = knownUuids.contains(raw) || knownUuids.contains(textOf(raw));
+        passedDraws.resize(count); // what follows is of another second
+        if (passedDraws.capacity() == count)
+            passedDraws.reserve(2 * count + 16); // before anything is taken: memory may be short
+        if (!isTaken)
+            knownUuids.insert(raw, true);
+        passedDraws.push_back(drawn);
+        if (!isTaken)
+            return raw;
     }
 }

@@ -10,11 +10,11 @@ package=("${build[@]}" dpkg-dev file)
 test=("${build[@]}" libgtest-dev libgmock-dev sqlite3 binutils python3 openssl util-linux
     libimobiledevice-utils)
 check=("${test[@]}" clang-format clang-tidy shellcheck git strace abigail-tools doxygen
-    "${package[@]}" fakeroot fish mandoc zsh)
+    "${package[@]}" fakeroot fish mandoc zsh libbenchmark-dev valgrind)
 # clang's own version of Debian; the runtime library holds the fuzzer, llvm the tool that names the lines of a crash.
 fuzz=("${test[@]}" clang libclang-rt-14-dev llvm)
-# Other ways to read a phone, to compare with.
-bench=("${build[@]}" ifuse fuse python3 openssl)
+# Other programs for the same work, to compare with.
+bench=("${build[@]}" libbenchmark-dev ffmpeg git python3 sqlite3 ifuse fuse openssl)
 
 wanted=()
 for group in "$@"; do

@@ -4,7 +4,40 @@
 #include "photolib/host/log.h"
 #include "photolib/logging.h"
 
+#include <map>
+#include <vector>
+
 using namespace photolib;
+
+namespace
+{
+
+// Collects the faces of one statement. There are many more faces than groups: the key of a group is made once, and its
+// faces come to lie side by side.
+class FaceGroups
+{
+public:
+    void add(qint64 group, qint64 asset) { assets[group].push_back(asset); }
+
+    // The faces of each group, the last one first. From the last group to the first, so that each face goes before all
+    // others, and no place has to be searched.
+    void moveInto(QMultiMap<QString, qint64> *faces)
+    {
+        std::map<QString, std::vector<qint64> *> inOrder;
+        for (auto &[group, assetsOfGroup] : assets)
+            inOrder.emplace(QString::number(group, 10), &assetsOfGroup);
+        for (auto group = inOrder.crbegin(); group != inOrder.crend(); ++group) {
+            for (const qint64 asset : *group->second)
+                faces->insert(faces->constBegin(), group->first, asset);
+            std::vector<qint64>().swap(*group->second);
+        }
+    }
+
+private:
+    KeyMap<std::vector<qint64>> assets;
+};
+
+} // namespace
 
 // The groups of all faces with a crop, each once, in order of appearance; "0" stands for no group. Silent when the
 // statement cannot be prepared: older releases have no such column.
@@ -38,15 +71,16 @@ void Photos_DB::parseDetectedFaces(sqlite3 *db)
         Log(logTag, logError, "Can not parse camera photos: %s", sqlite3_errmsg(db));
         return;
     }
+    FaceGroups faces;
     for (const Row row : statement.rows(stop)) {
         const qint64 asset = row.int64(0);
         if (asset == 0)
             continue;
         const qint64 group = row.int64(1);
         const qint64 keyFaceOfGroup = row.int64(2);
-        const QString key = QString::number(group, 10);
-        faceGroupAssets.insert(key, asset);
+        faces.add(group, asset);
         if (keyFaceOfGroup == group)
-            faceGroupKeyFaces.insert(key, keyFaceOfGroup);
+            faceGroupKeyFaces.insert(QString::number(group, 10), keyFaceOfGroup);
     }
+    faces.moveInto(&faceGroupAssets);
 }

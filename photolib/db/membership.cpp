@@ -42,23 +42,59 @@ QVector<KeyColumn> keyColumnsOf(const Row &row)
     return columns;
 }
 
-// Adds assets to albums in the order of their first appearance, each once.
+// One album's assets in the order of their first appearance, each once.
+class Members
+{
+public:
+    explicit Members(albumRecord *album) : list(&album->memberIds), first(album->memberIds.size()) {}
+
+    // Databases list the assets of an album in ascending order for the most part: as long as they do, the last one
+    // tells that the next is new.
+    void add(qint64 asset)
+    {
+        if (seen.empty() && (list->size() == first || list->last() < asset)) {
+            list->append(asset);
+            return;
+        }
+        if (seen.empty())
+            seen.insert(list->cbegin() + first, list->cend());
+        if (seen.insert(asset).second)
+            list->append(asset);
+    }
+
+private:
+    QList<qint64> *list;
+    int first; // behind what was in the list before
+    KeySet seen;
+};
+
 class MemberLists
 {
 public:
     explicit MemberLists(const QMap<quint64, albumRecord *> &albums) : albums(albums) {}
 
-    bool knows(qint64 album) const { return albums.contains(static_cast<quint64>(album)); }
-
-    void add(qint64 album, qint64 asset)
+    // Null for an unknown album.
+    Members *find(qint64 album)
     {
-        if (seen[album].insert(asset).second)
-            albums.value(static_cast<quint64>(album))->memberIds.append(asset);
+        if (last && album == lastAlbum) // rows of one album stand together
+            return last;
+        auto found = known.find(album);
+        if (found == known.end()) {
+            albumRecord *record = albums.value(static_cast<quint64>(album));
+            if (!record)
+                return nullptr;
+            found = known.emplace(album, Members(record)).first;
+        }
+        last = &found->second;
+        lastAlbum = album;
+        return last;
     }
 
 private:
     const QMap<quint64, albumRecord *> &albums;
-    KeyMap<KeySet> seen;
+    KeyMap<Members> known;
+    Members *last = nullptr;
+    qint64 lastAlbum = 0;
 };
 
 // A row may carry several columns of either kind: columns are taken from the left until they name a known album and
@@ -71,8 +107,10 @@ void addMember(const Row &row, const QVector<KeyColumn> &columns, MemberLists *l
         if (columns[column] == KeyColumn::Neither)
             continue;
         (columns[column] == KeyColumn::Album ? album : asset) = row.int64(column);
-        if (album != 0 && asset != 0 && lists->knows(album)) {
-            lists->add(album, asset);
+        if (album == 0 || asset == 0)
+            continue;
+        if (Members *members = lists->find(album)) {
+            members->add(asset);
             return;
         }
     }

@@ -52,6 +52,9 @@ public:
     QList<albumRecord *> albumRecords() const;
     QList<assetRecord *> assetRecords() const;
 
+    /// The same without a list of their own, the store's until it changes.
+    const QMap<quint64, assetRecord *> &assetMap() const { return assets; }
+
     /// The entity numbers that new records carry.
     int albumEntityNumber() const;
     int assetEntityNumber() const;
@@ -74,6 +77,9 @@ public:
 
     /// Keys of the face groups, one for each face: a group of three faces is listed three times.
     QStringList faceGroupKeys() const;
+
+    /// The faces themselves, by group, as faceGroupAssetIds() lists them; the store's.
+    const QMultiMap<QString, qint64> &faceMap() const { return faceGroupAssets; }
 
     /// Assets that show a face of the group, the face read last first, repeats kept.
     QList<qint64> faceGroupAssetIds(const QString &key) const;
@@ -107,7 +113,6 @@ private:
     bool parseAlbums(sqlite3 *db);
     albumRecord *parseAlbumRow(const photolib::Row &row);
     bool parseAssets(sqlite3 *db);
-    assetRecord *parseAssetRow(const photolib::Row &row);
     bool parseMembershipTables(sqlite3 *db);
     QStringList membershipTables(sqlite3 *db) const;
     void parseDetectedFaces(sqlite3 *db);

@@ -28,28 +28,17 @@ struct albumRecord {
 };
 
 /// One photo or video: a row of ZASSET or ZGENERICASSET with its row of ZADDITIONALASSETATTRIBUTES.
-/// Dates are whole seconds since 2001-01-01 00:00:00 UTC.
+/// Dates are whole seconds since 2001-01-01 00:00:00 UTC. There may be a million: what is long comes first, so that
+/// nothing is lost between members, and texts that many records have in common share their characters.
 struct assetRecord {
     Photos_DB *owner = nullptr;
     qint64 pk = 0;
-    qint32 entity = 0;
     QString fileName;
     QString directory;
     QByteArray uuid;
-    qint32 width = 0;
-    qint32 height = 0;
-    qint32 kind = 0;
-    qint32 kindSubtype = 0;
-    qint32 moment = 0;
     QString uniformTypeIdentifier;
     QString avalancheUuid;
-    qint32 avalanchePickType = 0;
-    qint32 visibilityState = 0;
     qint64 faceAreaPoints = 0;
-    qint32 favorite = 0;
-    qint32 thumbnailIndex = 0;
-    qint32 orientation = 0;
-    qint32 trashedState = 0;
     qint64 trashedDate = 0;
     qint64 dateCreated = 0;
     qint64 addedDate = 0;
@@ -58,14 +47,26 @@ struct assetRecord {
     double duration = 0.0;
     double latitude = 0.0;
     double longitude = 0.0;
+    qint64 originalFileSize = 0;
+    qint64 localResourcesState = 0;
+    qint64 customRenderedValue = 0;
+    qint32 entity = 0;
+    qint32 width = 0;
+    qint32 height = 0;
+    qint32 kind = 0;
+    qint32 kindSubtype = 0;
+    qint32 moment = 0;
+    qint32 avalanchePickType = 0;
+    qint32 visibilityState = 0;
+    qint32 favorite = 0;
+    qint32 thumbnailIndex = 0;
+    qint32 orientation = 0;
+    qint32 trashedState = 0;
     qint32 duplicateAssetVisibilityState = 0;
     qint32 duplicateMetadataMatchingAlbum = 0;
     qint32 duplicatePerceptualMatchingAlbum = 0;
     qint32 packedBadgeAttributes = 0;
     qint32 depthType = 0;
-    qint64 originalFileSize = 0;
-    qint64 localResourcesState = 0;
-    qint64 customRenderedValue = 0;
     qint32 cameraCaptureDevice = 0;
     qint32 hasAdjustments = 0;
     qint32 hidden = 0;

@@ -7,8 +7,8 @@ namespace photolib
 
 QString Row::text(int column) const
 {
-    const auto *utf8 = reinterpret_cast<const char *>(sqlite3_column_text(statement, column));
-    return utf8 ? QString::fromUtf8(utf8, -1) : QString(QLatin1String(""));
+    const char *const characters = utf8(column);
+    return characters ? QString::fromUtf8(characters, -1) : QString(QLatin1String(""));
 }
 
 bool Row::blob(int column, QByteArray *out) const

@@ -41,6 +41,12 @@ public:
     /// The text up to its first zero character; empty, not null, for NULL.
     QString text(int column) const;
 
+    /// The same in UTF-8, SQLite's until the next step; null for NULL.
+    const char *utf8(int column) const
+    {
+        return reinterpret_cast<const char *>(sqlite3_column_text(statement, column));
+    }
+
     /// The value's bytes as stored. False, with `*out` untouched, for NULL and for a value without bytes.
     bool blob(int column, QByteArray *out) const;
 

@@ -10,12 +10,13 @@ namespace
 
 constexpr int deletableAlbumKind = 1550;
 
-QList<qint64> signedKeys(const QList<quint64> &keys)
+template <typename Record>
+QList<qint64> signedKeys(const QMap<quint64, Record *> &records)
 {
     QList<qint64> ids;
-    ids.reserve(keys.size());
-    for (const quint64 key : keys)
-        ids.append(static_cast<qint64>(key));
+    ids.reserve(records.size());
+    for (auto record = records.cbegin(); record != records.cend(); ++record)
+        ids.append(static_cast<qint64>(record.key()));
     return ids;
 }
 
@@ -41,7 +42,13 @@ void store(QMap<quint64, Record *> *records, QSet<Record *> *unlinked, Record *r
 {
     unlinked->remove(record);
     std::unique_ptr<Record> owned(record);
-    Record *&place = (*records)[static_cast<quint64>(record->pk)];
+    const auto key = static_cast<quint64>(record->pk);
+    if (records->isEmpty() || records->lastKey() < key) { // as most rows come: there is nothing to search
+        records->insert(records->constEnd(), key, record);
+        owned.release();
+        return;
+    }
+    Record *&place = (*records)[key];
     if (place && place != record)
         unlinked->insert(place);
     place = owned.release();
@@ -61,12 +68,12 @@ assetRecord *Photos_DB::findAsset(quint64 key) const
 
 QList<qint64> Photos_DB::albumIdList() const
 {
-    return signedKeys(albums.keys());
+    return signedKeys(albums);
 }
 
 QList<qint64> Photos_DB::assetIdList() const
 {
-    return signedKeys(assets.keys());
+    return signedKeys(assets);
 }
 
 QList<albumRecord *> Photos_DB::albumRecords() const

@@ -11,7 +11,7 @@ bool readWholeFile(VFile *file, QByteArray *out)
     const qint64 size = vFileTell(file);
     if (size < 0 || size > largestByteArray)
         return false;
-    QByteArray content(static_cast<int>(size), '\0');
+    QByteArray content(static_cast<int>(size), Qt::Uninitialized);
     vFileSeek(file, 0, fromStart);
     if (vFileRead(file, content.data(), content.size()) != content.size())
         return false;
