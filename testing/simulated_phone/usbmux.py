@@ -1,8 +1,10 @@
 """The daemon between hosts and phones: lists them, keeps pair records, and connects to their ports."""
 
+import errno
 import plistlib
 import socket
 import struct
+import sys
 import threading
 
 import lockdown
@@ -39,8 +41,10 @@ class Daemon:
         while True:
             try:
                 connection, _ = self.listening.accept()
-            except OSError:
-                return  # it was closed
+            except OSError as error:
+                if error.errno not in (errno.EBADF, errno.EINVAL):  # it was closed
+                    print(f"simulated phones: no more connections: {error}", file=sys.stderr, flush=True)
+                return
             threading.Thread(target=self.serve, args=(connection,), daemon=True).start()
 
     # Phones that come and go
