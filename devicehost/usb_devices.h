@@ -23,20 +23,25 @@ struct UsbDevice {
         Refused,   ///< somebody tapped "Don't Trust"
         Forgotten, ///< this computer knows it, but it does not know this computer any more: pairUsbDevice() mends that
     };
-    enum class Lock { Unknown, Unlocked, Locked };
+    /// Whether its files can be read now: they cannot while it is locked.
+    enum class Lock {
+        Unknown,  ///< it did not say, or does not trust this computer
+        Unlocked, ///< it gives its files away
+        Locked,   ///< somebody has to unlock it
+    };
 
-    QString udid;          ///< its lasting name; "afc:" before it makes a name for DeviceHost
-    QString name;          ///< what its owner calls it; empty when it did not say, as the two below
-    QString model;         ///< the kind of device, as a code of its maker
-    QString systemVersion; ///< such as 17.5.1
-    Trust trust = Trust::Unknown;
-    Lock lock = Lock::Unknown;
+    QString udid;                 ///< its lasting name; "afc:" before it makes a name for DeviceHost
+    QString name;                 ///< what its owner calls it; empty when it did not say, as the two below
+    QString model;                ///< the kind of device, as a code of its maker
+    QString systemVersion;        ///< such as 17.5.1
+    Trust trust = Trust::Unknown; ///< whether it lets this computer read it
+    Lock lock = Lock::Unknown;    ///< whether it is locked
 };
 
 /// The answer of listUsbDevices().
 struct UsbDevices {
-    QList<UsbDevice> devices;
-    QString failure; ///< why nobody can be asked, and what to do; one line without a final full stop, or empty
+    QList<UsbDevice> devices; ///< each once, in no order of meaning
+    QString failure;          ///< why nobody can be asked, and what to do; one line without a final full stop, or empty
 };
 
 /// Whether this build reaches devices on USB; otherwise the functions below say in their messages that it does not.
@@ -54,6 +59,8 @@ QString pairUsbDevice(const QString &udid);
 /// How long devices that are opened from now on may take for one answer before the operation fails; 30 seconds unless
 /// set. Any thread.
 void setUsbTimeout(std::chrono::milliseconds timeout);
+
+/// What setUsbTimeout() has set. Any thread.
 std::chrono::milliseconds usbTimeout();
 
 } // namespace devicehost

@@ -18,6 +18,9 @@ namespace
 constexpr int numberSize = 8;
 constexpr quint64 modeReadOnly = 1;
 constexpr quint64 fromStart = 0;
+// A second one hides the time that a request is on its way. On a simulated phone on a busy machine, against one alone:
+// at 5 ms a request 1.5 to 2 times as fast in the clear and 1.2 to 1.5 times encrypted, at 1 ms in the clear 1.3 to 2
+// times; encrypted at 1 ms, and without any, runs differ more from one another than the two do.
 constexpr std::size_t requestsOnTheWay = 2;
 
 bool isOperation(quint64 value, Operation operation)

@@ -1,5 +1,7 @@
 // Commands on a phone on USB, and on none.
 
+#ifdef PHOTOLIB_AFC
+
 #include "testing/simulated_phone.h"
 #include "tests/cli/command_run.h"
 #include "tests/cli/media_device.h"
@@ -209,3 +211,5 @@ TEST_F(UsbDeviceCommands, ListNoPhones)
 }
 
 } // namespace clitest
+
+#endif

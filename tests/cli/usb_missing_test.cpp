@@ -1,5 +1,7 @@
 // What a command says that was built without devices on USB.
 
+#ifndef PHOTOLIB_AFC
+
 #include "tests/cli/command_run.h"
 
 #include <gmock/gmock.h>
@@ -23,3 +25,5 @@ TEST(UsbMissing, CommandsSayWhatTheyWereBuiltWithout)
 }
 
 } // namespace clitest
+
+#endif
