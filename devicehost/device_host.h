@@ -27,7 +27,7 @@ enum class Unlocking {
 
 /// The answer of DeviceHost::unlock(). A plain value.
 struct UnlockResult {
-    Unlocking status = Unlocking::Failed;
+    Unlocking status = Unlocking::Failed; ///< what became of it
     QString message; ///< what is wrong and what to do next, one line without a final full stop; empty when Unlocked
 };
 
