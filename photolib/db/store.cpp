@@ -44,8 +44,7 @@ void store(QMap<quint64, Record *> *records, QSet<Record *> *unlinked, Record *r
     std::unique_ptr<Record> owned(record);
     const auto key = static_cast<quint64>(record->pk);
     if (records->isEmpty() || records->lastKey() < key) { // as most rows come: there is nothing to search
-        records->insert(records->constEnd(), key, record);
-        owned.release();
+        *records->insert(records->constEnd(), key, nullptr) = owned.release();
         return;
     }
     Record *&place = (*records)[key];
