@@ -139,8 +139,8 @@ void readDatabase(sqlite3 *db)
     for (const long long group : groups)
         list += (list.empty() ? "" : ",") + std::to_string(group);
     if (!list.empty())
-        step(db, "select ZASSET, ZFACEGROUP, ZFACEGROUPBEINGKEYFACE from ZDETECTEDFACE where ZFACEGROUP in (" + list +
-                     ")");
+        step(db,
+             "select ZASSET, ZFACEGROUP, ZFACEGROUPBEINGKEYFACE from ZDETECTEDFACE where ZFACEGROUP in (" + list + ")");
     step(db, "select G.Z_PK, G.ZFAVORITE, G.ZKEYASSET, G.ZSUBTITLE, G.ZTITLE, A.Z_3EXTENDEDCURATEDASSETS from ZMEMORY "
              "as G left join Z_3MEMORIESBEINGEXTENDEDCURATEDASSETS as A on G.Z_PK = "
              "A.Z_42MEMORIESBEINGEXTENDEDCURATEDASSETS order by G.Z_PK ASC");

@@ -65,7 +65,8 @@ int main(int argc, char **argv)
     const bool opened = manager != nullptr && manager->openLibrary();
     const Moment end;
     if (!opened) {
-        std::fprintf(stderr, "open_library: %s cannot be opened: %s\n", argv[1], host.failure().toLocal8Bit().constData());
+        std::fprintf(stderr, "open_library: %s cannot be opened: %s\n", argv[1],
+                     host.failure().toLocal8Bit().constData());
         return 1;
     }
     const long long peak = memory("VmHWM:");

@@ -44,7 +44,8 @@ void store(QMap<quint64, Record *> *records, QSet<Record *> *unlinked, Record *r
     std::unique_ptr<Record> owned(record);
     const auto key = static_cast<quint64>(record->pk);
     if (records->isEmpty() || records->lastKey() < key) { // as most rows come: there is nothing to search
-        *records->insert(records->constEnd(), key, nullptr) = owned.release();
+        Record *&last = *records->insert(records->constEnd(), key, nullptr); // before the record is let go
+        last = owned.release();
         return;
     }
     Record *&place = (*records)[key];
