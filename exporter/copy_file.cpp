@@ -1,8 +1,7 @@
 #include "exporter/copy_file.h"
 
 #include "exporter/errors.h"
-
-#include <QCryptographicHash>
+#include "exporter/sha256.h"
 
 #include <cerrno>
 #include <vector>
@@ -29,7 +28,7 @@ CopiedFile copyOnce(DeviceSource &source, const AssetFile &file, std::optional<q
     destination.requireRoom(input->size(), state.options.reserve);
     CopiedFile copy;
     copy.temporary = std::make_unique<TempFile>(destination);
-    QCryptographicHash hash(QCryptographicHash::Sha256);
+    Sha256 hash;
     for (;;) {
         state.requireGoOn();
         const int count = input->read(block.data(), blockSize);
@@ -38,7 +37,7 @@ CopiedFile copyOnce(DeviceSource &source, const AssetFile &file, std::optional<q
         copy.size += count;
         if (copy.size > input->size())
             throw DeviceProblem(wrongSize(input->size(), QStringLiteral("more")));
-        hash.addData(block.data(), count);
+        hash.add(block.data(), count);
         copy.temporary->write(block.data(), count);
         state.advance(count);
     }
@@ -87,10 +86,10 @@ CopiedFile copyInside(Destination &destination, const QString &path, const QByte
     destination.requireRoom(found->size, state.options.reserve);
     CopiedFile copy;
     copy.temporary = std::make_unique<TempFile>(destination);
-    QCryptographicHash hash(QCryptographicHash::Sha256);
+    Sha256 hash;
     readAll(destination, path, [&](const char *data, qint64 size) {
         state.requireGoOn();
-        hash.addData(data, static_cast<int>(size));
+        hash.add(data, size);
         copy.temporary->write(data, size);
         copy.size += size;
     });
@@ -103,9 +102,9 @@ CopiedFile copyInside(Destination &destination, const QString &path, const QByte
 
 QByteArray hashOf(Destination &destination, const QString &path, const std::function<void(qint64)> &onBlock)
 {
-    QCryptographicHash hash(QCryptographicHash::Sha256);
+    Sha256 hash;
     readAll(destination, path, [&](const char *data, qint64 size) {
-        hash.addData(data, static_cast<int>(size));
+        hash.add(data, size);
         onBlock(size);
     });
     return hash.result();
