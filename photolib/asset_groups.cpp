@@ -19,6 +19,13 @@ photoGroup &groupOf(CategoryGroups *groups, int category, const QString &key)
     return *group;
 }
 
+void addToGroup(photoGroup *group, const assetRecord &asset, bool setCover)
+{
+    group->assetIds.append(asset.pk);
+    if (setCover)
+        group->coverAssetId = asset.pk;
+}
+
 void AssetGroups::add(const assetRecord &asset)
 {
     if (isRecentlyDeleted(asset)) {
@@ -38,7 +45,7 @@ void AssetGroups::addToOnlyGroup(int category, const assetRecord &asset)
     Recent &last = recent[static_cast<std::size_t>(category)];
     if (!last.group)
         last.group = &groupOf(groups, category, singleGroupKey());
-    last.group->assetIds.append(asset.pk);
+    addToGroup(last.group, asset, false);
 }
 
 void AssetGroups::addByRule(const CategoryRule &rule, int category, const assetRecord &asset)
@@ -47,9 +54,7 @@ void AssetGroups::addByRule(const CategoryRule &rule, int category, const assetR
     if (!last.asset || !rule.haveSameKey(*last.asset, asset))
         last.group = &groupOf(groups, category, rule.keyOf(asset));
     last.asset = &asset;
-    last.group->assetIds.append(asset.pk);
-    if (rule.isCover(asset))
-        last.group->coverAssetId = asset.pk;
+    addToGroup(last.group, asset, rule.isCover(asset));
 }
 
 int AssetGroups::folderCategory(const assetRecord &asset)

@@ -20,9 +20,12 @@ using CategoryGroups = QMap<int, QMap<QString, photoGroup>>;
 /// the maps are copied.
 photoGroup &groupOf(CategoryGroups *groups, int category, const QString &key);
 
+/// Adds an asset behind the others, without looking for it among them, and makes it the cover if so asked.
+void addToGroup(photoGroup *group, const assetRecord &asset, bool setCover);
+
 /// Sorts assets into the groups that their own fields name, one asset after the other. A category belongs to one rule,
-/// and neighbours are alike, so the
-/// group that a category used last is tried first. Nobody else may touch the groups meanwhile, and the assets stay.
+/// and neighbours are alike, so the group that a category used last is tried first. Nobody else may touch the groups
+/// meanwhile, and the assets stay.
 class AssetGroups
 {
 public:

@@ -134,8 +134,5 @@ void photo_manager::groupMemories()
 
 void photo_manager::addAssetToGroup(int category, const assetRecord &asset, const QString &key, bool setCover)
 {
-    photoGroup &group = groupOf(&categoryGroups, category, key);
-    group.assetIds.append(asset.pk);
-    if (setCover)
-        group.coverAssetId = asset.pk;
+    addToGroup(&groupOf(&categoryGroups, category, key), asset, setCover);
 }

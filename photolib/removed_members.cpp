@@ -23,7 +23,12 @@ void RemovedMembers::remove(QList<qint64> *list, qint64 member)
         list->removeAll(member);
         return;
     }
-    removed.insert(member);
+    try {
+        removed.insert(member);
+    } catch (const std::bad_alloc &) { // a removal must not fail for that
+        list->removeAll(member);
+        return;
+    }
     if (removed.size() <= static_cast<std::size_t>(list->size() / partRemembered))
         return;
     try {

@@ -17,6 +17,10 @@ namespace photolib
 class TextPool
 {
 public:
+    TextPool() = default;
+    TextPool(const TextPool &) = delete;
+    TextPool &operator=(const TextPool &) = delete;
+
     /// The same as Row::text().
     QString text(const Row &row, int column);
 
