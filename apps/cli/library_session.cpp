@@ -9,6 +9,7 @@
 #include "devicehost/resolve_device.h"
 #include "devicehost/usb_devices.h"
 
+#include <algorithm>
 #include <atomic>
 #include <cmath>
 #include <new>
@@ -64,7 +65,7 @@ QString resolved(const DeviceOptions &options)
 
 void applyUsbOptions(const UsbOptions &options)
 {
-    devicehost::setUsbTimeout(std::chrono::milliseconds(std::llround(options.timeout * 1000)));
+    devicehost::setUsbTimeout(std::chrono::milliseconds(std::max(1LL, std::llround(options.timeout * 1000))));
 }
 
 void LibrarySession::Releaser::operator()(photo_manager_int *manager) const

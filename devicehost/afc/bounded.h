@@ -5,11 +5,13 @@
 #include "devicehost/afc/quiet_thread.h"
 
 #include <atomic>
+#include <cerrno>
 #include <chrono>
 #include <condition_variable>
 #include <functional>
 #include <memory>
 #include <mutex>
+#include <new>
 #include <optional>
 #include <system_error>
 #include <utility>
@@ -31,19 +33,25 @@ std::optional<Result> runBounded(std::function<Result()> work, std::chrono::mill
         std::mutex mutex;
         std::condition_variable done;
         std::optional<Result> result;
+        bool failed = false;
         bool abandoned = false;
     };
     const auto shared = std::make_shared<Shared>();
     std::thread thread;
     try {
         thread = threadWithoutSignals([shared, doIt = std::move(work)] {
-            std::optional<Result> result = doIt();
+            std::optional<Result> result;
+            try {
+                result = doIt();
+            } catch (const std::bad_alloc &) { // no exception may leave a thread
+            }
             const std::lock_guard<std::mutex> lock(shared->mutex);
             if (shared->abandoned) {
                 result.reset();
                 --abandonedCalls;
                 return;
             }
+            shared->failed = !result;
             shared->result = std::move(result);
             shared->done.notify_all();
         });
@@ -54,8 +62,8 @@ std::optional<Result> runBounded(std::function<Result()> work, std::chrono::mill
     constexpr std::chrono::milliseconds lookInterval{20}; // a signal handler can wake nobody
     const auto deadline = std::chrono::steady_clock::now() + timeout;
     std::unique_lock<std::mutex> lock(shared->mutex);
-    const auto hasResult = [&shared] { return shared->result.has_value(); };
-    while (!shared->done.wait_for(lock, lookInterval, hasResult)) {
+    const auto isDone = [&shared] { return shared->failed || shared->result.has_value(); };
+    while (!shared->done.wait_for(lock, lookInterval, isDone)) {
         const bool stopped = stopRequested();
         if (stopped || std::chrono::steady_clock::now() >= deadline) {
             *error = clientOutcome(stopped ? Stopped : TimedOut).error;
@@ -66,6 +74,8 @@ std::optional<Result> runBounded(std::function<Result()> work, std::chrono::mill
         }
     }
     std::optional<Result> result = std::move(shared->result);
+    if (!result)
+        *error = errnoError(ENOMEM);
     lock.unlock();
     thread.join();
     return result;

@@ -62,6 +62,24 @@ Client::Client(std::unique_ptr<Transport> connection, std::shared_ptr<Watchdog> 
 {
 }
 
+template <class Work>
+Outcome Client::operate(const Work &work)
+{
+    const std::lock_guard<std::mutex> lock(mutex);
+    if (!usable)
+        return clientOutcome(Disconnected);
+    Watchdog::Watch watch(*watchdog, transport->socket(), timeout);
+    try {
+        Outcome outcome = watch.verdict() == Watchdog::Verdict::Stopped ? clientOutcome(Stopped) : work(watch);
+        if (!outcome.leavesConnection())
+            usable = false;
+        return outcome;
+    } catch (...) { // lack of memory: an answer is on its way that the next operation would take for its own
+        usable = false;
+        throw;
+    }
+}
+
 bool Client::isIdle() const
 {
     if (!usable || transport->socket() < 0)
@@ -110,26 +128,16 @@ Outcome Client::simple(Operation operation, const QByteArray &parameters)
 
 Outcome Client::exchange(Operation operation, const QByteArray &parameters, Operation wanted, Reply *reply)
 {
-    const std::lock_guard<std::mutex> lock(mutex);
-    if (!usable)
-        return clientOutcome(Disconnected);
-    Watchdog::Watch watch(*watchdog, transport->socket(), timeout);
-    if (watch.verdict() == Watchdog::Verdict::Stopped)
-        return spoilUnlessGood(clientOutcome(Stopped));
-    const Outcome request = send(watch, operation, parameters);
-    return spoilUnlessGood(request.ok() ? receiveReply(watch, wanted, reply) : request);
+    return operate([&](Watchdog::Watch &watch) {
+        const Outcome request = send(watch, operation, parameters);
+        return request.ok() ? receiveReply(watch, wanted, reply) : request;
+    });
 }
 
 Outcome Client::read(quint64 handle, char *buffer, qint64 size, qint64 expected, qint64 *count)
 {
-    const std::lock_guard<std::mutex> lock(mutex);
     *count = 0;
-    if (!usable)
-        return clientOutcome(Disconnected);
-    Watchdog::Watch watch(*watchdog, transport->socket(), timeout);
-    if (watch.verdict() == Watchdog::Verdict::Stopped)
-        return spoilUnlessGood(clientOutcome(Stopped));
-    return spoilUnlessGood(readPieces(watch, handle, buffer, size, expected, count));
+    return operate([&](Watchdog::Watch &watch) { return readPieces(watch, handle, buffer, size, expected, count); });
 }
 
 Outcome Client::readPieces(Watchdog::Watch &watch, quint64 handle, char *buffer, qint64 size, qint64 expected,
@@ -214,13 +222,6 @@ Outcome Client::receiveExactly(Watchdog::Watch &watch, char *buffer, qint64 size
         return reason.kind == Outcome::Lost && count == Transport::timedOut ? clientOutcome(TimedOut) : reason;
     }
     return {};
-}
-
-Outcome Client::spoilUnlessGood(const Outcome &outcome)
-{
-    if (!outcome.leavesConnection())
-        usable = false;
-    return outcome;
 }
 
 } // namespace devicehost::afc

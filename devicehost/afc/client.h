@@ -63,7 +63,8 @@ private:
     Outcome receiveExactly(Watchdog::Watch &watch, char *buffer, qint64 size);
     Outcome readPieces(Watchdog::Watch &watch, quint64 handle, char *buffer, qint64 size, qint64 expected,
                        qint64 *count);
-    Outcome spoilUnlessGood(const Outcome &outcome);
+    template <class Work>
+    Outcome operate(const Work &work);
 
     const std::unique_ptr<Transport> transport;
     const std::shared_ptr<Watchdog> watchdog;

@@ -18,6 +18,9 @@ struct Entry {
 
 constexpr const char *tryAgain = "unlock the device, connect it again and try again";
 constexpr const char *checkCable = "check the cable, connect the device again and try again";
+// A cable that is pulled while a connection is encrypted looks the same.
+constexpr const char *checkCableOrPair =
+    "check the cable and try again, and if that does not help, pair with it again (option --pair)";
 constexpr const char *pairAgain = "pair with it again (option --pair), and tap Trust on its screen";
 constexpr const char *lost = "the connection to the device was lost";
 constexpr const char *notOffered = "the device does not give its media files away";
@@ -47,7 +50,7 @@ constexpr Entry entries[] = {
     {lockdown, -2, EACCES, "the pairing record of this computer is of no use", pairAgain},
     {lockdown, -3, ENODEV, lost, checkCable},
     {lockdown, -4, EACCES, "the device cannot be paired with", "unlock it, tap Trust on its screen and try again"},
-    {lockdown, -5, EACCES, "no encrypted connection to the device can be made", pairAgain},
+    {lockdown, -5, EACCES, "no encrypted connection to the device can be made", checkCableOrPair},
     {lockdown, -7, ENODEV, lost, checkCable},
     {lockdown, -8, ENODEV, lost, checkCable},
     {lockdown, -17, EACCES, "the device is locked", "unlock it and try again"},
@@ -68,7 +71,7 @@ constexpr Entry entries[] = {
     {link, -2, ENODEV, lost, checkCable},
     {link, -3, ENODEV, "the device is not connected", "connect it with a cable, unlock it and try again"},
     {link, -4, ENODEV, lost, checkCable},
-    {link, -6, EACCES, "no encrypted connection to the device can be made", pairAgain},
+    {link, -6, EACCES, "no encrypted connection to the device can be made", checkCableOrPair},
     {link, -7, ETIMEDOUT, "the device does not answer", tryAgain},
 
     {client, TimedOut, ETIMEDOUT, "the device does not answer", tryAgain},

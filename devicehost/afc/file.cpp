@@ -118,7 +118,9 @@ Outcome File::readHere(char *buffer, qint64 size, qint64 *count)
 {
     if (client == nullptr)
         return clientOutcome(Disconnected);
-    if (devicePosition != position) {
+    const bool isThere = devicePosition == position;
+    devicePosition = unknown; // until the answer is there: lack of memory may end this halfway
+    if (!isThere) {
         const Outcome sought = client->seek(handle, position);
         if (!sought.ok())
             return sought;

@@ -38,7 +38,12 @@ bool BackupFacts::read(const PathTree &tree, VError *error)
     const auto list = readList(tree, "Manifest.plist", error);
     if (!list)
         return false;
-    encrypted = list->flag("IsEncrypted").value_or(false);
+    const std::optional<bool> flag = list->flag("IsEncrypted");
+    if (!flag) { // taken for false, the files of an encrypted backup would pass for pictures
+        *error = {EBADMSG, QStringLiteral("the backup's Manifest.plist does not say whether it is encrypted")};
+        return false;
+    }
+    encrypted = *flag;
     if (encrypted) {
         keyBag = list->data("BackupKeyBag").value_or(QByteArray());
         manifestKey = list->data("ManifestKey").value_or(QByteArray());

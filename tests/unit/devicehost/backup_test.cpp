@@ -361,6 +361,16 @@ TEST_F(BackupTest, ADamagedManifestPlistIsCalledSo)
     }
 }
 
+// Its files would pass for pictures.
+TEST_F(BackupTest, AnEncryptedOneThatDoesNotSaySoIsNotRead)
+{
+    made("b", encryptedOptions());
+    writeFile(path("b/Manifest.plist"), "<?xml version=\"1.0\"?><plist version=\"1.0\"><dict/></plist>");
+    const ResolvedDevice resolved = resolveDevice(path("b"));
+    EXPECT_EQ(resolved.status, DeviceStatus::Unreachable);
+    EXPECT_THAT(resolved.message.toStdString(), HasSubstr("does not say whether it is encrypted"));
+}
+
 TEST_F(BackupTest, ADamagedKeyIsCalledSo)
 {
     made("locked", encryptedOptions());

@@ -1,12 +1,15 @@
 #include "memory_phone.h"
 #include "phone_reading.h"
 
+#include "devicehost/afc/client.h"
 #include "devicehost/afc/file.h"
 #include "devicehost/afc/lane.h"
 
 #include <gtest/gtest.h>
 
 #include <cerrno>
+#include <memory>
+#include <new>
 
 using namespace devicehost::afc;
 
@@ -41,7 +44,38 @@ qint64 bytesOfASession(const QByteArray &content, int block)
     return phone.bytesSent;
 }
 
+/// Memory runs short while the first answer is taken.
+class ShortOfMemory final : public Transport
+{
+public:
+    explicit ShortOfMemory(int *received) : received(received) {}
+
+    bool send(const char *, std::size_t) override { return true; }
+
+    qint64 receive(char *, std::size_t, std::chrono::milliseconds) override
+    {
+        if (++*received == 1)
+            throw std::bad_alloc();
+        return ended;
+    }
+
+private:
+    int *received;
+};
+
 } // namespace
+
+TEST(AfcBrokenConnection, AnAnswerThatWasNotTakenForLackOfMemoryIsTakenByNobodyElse)
+{
+    int received = 0;
+    Client client(std::make_unique<ShortOfMemory>(&received), std::make_shared<Watchdog>([] { return false; }),
+                  std::chrono::seconds(30));
+    FileInfo info;
+    EXPECT_THROW(client.fileInfo(path, &info), std::bad_alloc);
+    EXPECT_FALSE(client.isUsable());
+    EXPECT_FALSE(client.fileInfo(path, &info).ok());
+    EXPECT_EQ(received, 1);
+}
 
 TEST(AfcBrokenConnection, ACutAtAnyByteIsMendedByOneNewConnection)
 {
