@@ -5,7 +5,7 @@ set -euo pipefail
 
 build=(g++ cmake ninja-build pkg-config ca-certificates
     qtbase5-dev libsqlite3-dev libssl-dev libplist-dev libimobiledevice-dev libusbmuxd-dev libcli11-dev rapidjson-dev
-    libgif-dev)
+    libgif-dev libheif-dev qttools5-dev qttools5-dev-tools)
 package=("${build[@]}" dpkg-dev file)
 test=("${build[@]}" libgtest-dev libgmock-dev sqlite3 binutils python3 openssl util-linux
     libimobiledevice-utils)
