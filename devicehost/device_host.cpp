@@ -112,6 +112,11 @@ QString DeviceHost::failure() const
     return state->failure();
 }
 
+bool DeviceHost::deviceIsUnreachable() const
+{
+    return state->failedForTheDevice();
+}
+
 QString DeviceHost::databaseDamage() const
 {
     return state->databaseDamage();

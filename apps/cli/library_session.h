@@ -51,6 +51,7 @@ private:
 
     void unlock(const DeviceOptions &options);
     void open(bool showProgress);
+    ExitCode unreadable() const;  ///< the status for a library that did not open
     QString damageReport() const; ///< empty when all could be read
     void warnOfShortcoming();
     void warn(const QString &message);
