@@ -89,6 +89,8 @@ LibrarySession::LibrarySession(const DeviceOptions &options)
     unlock(options); // nothing lies on the disk yet, so that signals may simply end it
     interrupts = std::make_unique<InterruptScope>(*host);
     open(options.showProgress());
+    if (!host->notice().isEmpty())
+        warn(host->notice());
     const QString damage = damageReport();
     if (damage.isEmpty())
         warnOfShortcoming();
