@@ -39,6 +39,8 @@ QString deviceAdvice(int code)
     case EMFILE:
     case ENFILE:
         return QStringLiteral("close files or other programs and try again");
+    case ENOMEM:
+        return QStringLiteral("close other programs and try again");
     case EPROTONOSUPPORT:
         return QStringLiteral("mount the device and give its media root, the folder that holds DCIM and PhotoData");
     default:

@@ -1,6 +1,7 @@
 #include "devicehost/device_host.h"
 
 #include "devicehost/advice.h"
+#include "devicehost/backup/backup.h"
 #include "devicehost/host_state.h"
 #include "devicehost/private_folder.h"
 #include "devicehost/vdev/backup_device.h"
@@ -87,7 +88,7 @@ UnlockResult DeviceHost::unlock(const QByteArray &password)
         return {Unlocking::Unlocked, {}};
     const bool wrong = error.code == EKEYREJECTED;
     return {wrong ? Unlocking::WrongPassword : Unlocking::Failed,
-            QStringLiteral("%1; %2").arg(error.text, deviceAdvice(error.code))};
+            QStringLiteral("%1; %2").arg(error.text, deviceAdvice(error))};
 }
 
 void DeviceHost::requestStop() noexcept
@@ -110,6 +111,21 @@ void DeviceHost::setProgress(std::function<void(const Progress &)> callback)
 QString DeviceHost::failure() const
 {
     return state->failure();
+}
+
+QString DeviceHost::notice() const
+{
+    const std::shared_ptr<const Backup> backup = state->openedBackup();
+    return backup == nullptr || backup->isFinished()
+               ? QString()
+               : QStringLiteral(
+                     "the backup was interrupted before its end, so files may be missing or out of date; make "
+                     "a new backup of the device");
+}
+
+bool DeviceHost::deviceIsUnreachable() const
+{
+    return state->failedForTheDevice();
 }
 
 QString DeviceHost::databaseDamage() const

@@ -95,6 +95,14 @@ public:
     /// Missing -wal, -shm and other optional files are no failures.
     QString failure() const;
 
+    /// What people should know of the device that was opened, though nothing failed: that it is a backup that was
+    /// interrupted. One line without a final full stop that says what to do next; empty for none.
+    QString notice() const;
+
+    /// Whether failure() came of a device on USB or on the network that cannot be reached: it left, fell silent, was
+    /// locked. False for other kinds of devices, and when the device answers but does not give a file away.
+    bool deviceIsUnreachable() const;
+
     /// What SQLite met while it read this device's database copy, such as "database disk image is malformed"; empty
     /// when all went well. Statements that cannot be prepared are not counted.
     QString databaseDamage() const;

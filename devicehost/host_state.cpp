@@ -26,11 +26,19 @@ qint64 nowMs()
 
 HostState::HostState(const QString &devicePath) : path(devicePath) {}
 
-void HostState::recordFailure(const QString &sentence)
+void HostState::recordFailure(const QString &sentence, bool deviceUnreachable)
 {
     const std::lock_guard<std::mutex> lock(mutex);
-    if (firstFailure.isEmpty())
-        firstFailure = sentence;
+    if (!firstFailure.isEmpty())
+        return;
+    firstFailure = sentence;
+    unreachable = deviceUnreachable;
+}
+
+bool HostState::failedForTheDevice() const
+{
+    const std::lock_guard<std::mutex> lock(mutex);
+    return unreachable;
 }
 
 QString HostState::failure() const

@@ -39,9 +39,10 @@ public:
     /// What the device's backend keeps from one opening to the next; made on the first call.
     std::shared_ptr<BackendSession> session(const std::function<std::shared_ptr<BackendSession>()> &make);
 
-    /// Keeps the first failure only: those that follow are its consequences.
-    void recordFailure(const QString &sentence);
+    /// Keeps the first failure only: those that follow are its consequences. `deviceUnreachable` as in VError.
+    void recordFailure(const QString &sentence, bool deviceUnreachable = false);
     QString failure() const;
+    bool failedForTheDevice() const;
 
     /// `code` is an SQLite result code; the first one that speaks of damage, not of a wrong statement, is kept.
     void recordDatabaseError(int code) noexcept;
@@ -71,6 +72,7 @@ private:
     std::function<void(const Progress &)> progressCallback;
     mutable std::mutex mutex; ///< guards what follows
     QString firstFailure;
+    bool unreachable = false; ///< is what the first failure means
     std::shared_ptr<BackendSession> backendSession;
     std::shared_ptr<const Backup> backup;
 };

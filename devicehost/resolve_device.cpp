@@ -15,6 +15,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <filesystem>
 #include <string>
@@ -215,9 +216,15 @@ ResolvedDevice resolveNamedBackup(const QString &argument)
 QString namedDevices()
 {
     QStringList names;
-    for (const UsbDevice &device : listUsbDevices().devices)
-        names += device.name.isEmpty() ? QStringLiteral("afc:") + device.udid
-                                       : QStringLiteral("afc:%1 (%2)").arg(device.udid, device.name);
+    for (const UsbDevice &device : listUsbDevices().devices) {
+        QStringList notes;
+        if (!device.name.isEmpty())
+            notes += device.name;
+        if (device.connection == UsbDevice::Connection::Network)
+            notes += QStringLiteral("over the network");
+        const QString name = QStringLiteral("afc:") + device.udid;
+        names += notes.isEmpty() ? name : QStringLiteral("%1 (%2)").arg(name, notes.join(QStringLiteral(", ")));
+    }
     return names.join(QStringLiteral(", "));
 }
 
@@ -225,21 +232,25 @@ QString namedDevices()
 ResolvedDevice resolveUsb(const QString &argument, const QString &udid)
 {
     QString failure;
-    const QStringList udids = usbUdids(&failure);
+    const QList<ConnectedDevice> connected = connectedDevices(&failure);
     if (!failure.isEmpty())
         return unreachable(QStringLiteral("%1: %2").arg(argument, failure));
-    if (udids.isEmpty())
+    if (connected.isEmpty())
         return unreachable(QStringLiteral("%1: no device is connected; connect it with a cable, unlock it, tap Trust "
                                           "if it asks, and try again")
                                .arg(argument));
-    if (udid.isEmpty() && udids.size() > 1)
+    const QList<ConnectedDevice> meant = meantWithoutName(connected);
+    if (udid.isEmpty() && meant.size() > 1)
         return unreachable(
             QStringLiteral("%1: several devices are connected; name one of them: %2").arg(argument, namedDevices()));
-    if (!udid.isEmpty() && !udids.contains(udid))
+    const bool isThere = std::any_of(connected.begin(), connected.end(),
+                                     [&udid](const ConnectedDevice &device) { return device.udid == udid.toUtf8(); });
+    if (!udid.isEmpty() && !isThere)
         return unreachable(QStringLiteral("%1: no such device is connected; connect it with a cable and unlock it, or "
                                           "name one of those that are: %2")
                                .arg(argument, namedDevices()));
-    return {DeviceStatus::Found, QStringLiteral("afc:") + (udid.isEmpty() ? udids.front() : udid), {}, {}};
+    const QString name = udid.isEmpty() ? QString::fromUtf8(meant.front().udid) : udid;
+    return {DeviceStatus::Found, QStringLiteral("afc:") + name, {}, {}};
 }
 
 } // namespace

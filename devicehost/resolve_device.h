@@ -29,11 +29,11 @@ struct ResolvedDevice {
 
 /// Finds out what `argument` names: a name with a scheme ("folder:PATH", "backup:PATH", "afc:UDID"), or a bare path
 /// whose kind is found by looking (a folder that holds PhotoData/Photos.sqlite; a backup, which holds Manifest.db; a
-/// folder of backups), or "usb" for the only device on USB. Relative paths become absolute. A path that exists is a
-/// path, also when it has a colon in it, but for the schemes that there are. `argument` was UTF-8; what was not stands
-/// in it as U+FFFD.
+/// folder of backups), or "usb" for the only device on USB, or on the network when there is none on USB. Relative paths
+/// become absolute. A path that exists is a path, also when it has a colon in it, but for the schemes that there are.
+/// `argument` was UTF-8; what was not stands in it as U+FFFD.
 ///
-/// Of a device on USB it is only made sure that it is connected.
+/// Of a device on USB or on the network it is only made sure that it is connected.
 ///
 /// Looks at the file system and at the devices; changes nothing. May run on any thread.
 ResolvedDevice resolveDevice(const QString &argument);

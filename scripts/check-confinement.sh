@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
-# Runs the command on a device folder full of traps, and lists every file that it opens outside of that folder, the
-# destination, its folder for temporary files, and what it opens for a harmless device. The list must be empty.
+# Runs the command on device folders and a computer backup full of traps, and lists every file that it opens outside of
+# their folder, the destination, its folder for temporary files, and what it opens for a harmless device. The list must
+# be empty.
 # Usage: scripts/check-confinement.sh BUILD          (a build folder with apps/cli/photolib)
 set -euo pipefail
 cd "$(dirname "$0")/.."
@@ -57,6 +58,10 @@ mkfifo "$work/log/PhotoData/Photos.sqlite-shm"
 rm "$work/database/PhotoData/Photos.sqlite"
 ln -s ../../plain/PhotoData/Photos.sqlite "$work/database/PhotoData/Photos.sqlite"
 
+# A backup: its files are found by a list of names, which may name anything.
+python3 -B scripts/make_trap_backup.py "$work/plain" "$work/plain-backup"
+python3 -B scripts/make_trap_backup.py "$work/plain" "$work/backup" "$outside/secret.jpg"
+
 # opened DEVICE COMMAND...: the files that were really opened, made, renamed or removed outside of what is allowed.
 opened() {
     local device=$1
@@ -90,13 +95,13 @@ run() {
     opened "$device" export "$device" "$work/out/export" --albums --edited || return 1
 }
 
-run plain | sort -u >"$work/usual"
+{ run plain && run plain-backup; } | sort -u >"$work/usual"
 [ -s "$work/usual" ] || {
     echo "check-confinement.sh: strace told of no file at all" >&2
     exit 1
 }
 failed=0
-for device in links names log database; do
+for device in links names log database backup; do
     if ! run "$device" >"$work/list"; then
         failed=1
     fi

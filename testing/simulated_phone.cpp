@@ -41,6 +41,8 @@ QByteArray settingsOf(const SimulatedPhoneOptions &options)
                        {QStringLiteral("paired"), options.paired},
                        {QStringLiteral("locked"), options.locked},
                        {QStringLiteral("attached"), options.attached},
+                       {QStringLiteral("usb"), options.usb},
+                       {QStringLiteral("network"), options.network},
                        {QStringLiteral("max_handles"), options.maxHandles}};
     object[QStringLiteral("udid")] =
         QString::fromUtf8(options.udid.isEmpty() ? SimulatedPhone::defaultUdid() : options.udid);

@@ -24,6 +24,8 @@ struct SimulatedPhoneOptions {
     bool paired = true;    ///< computer and phone know each other
     bool locked = false;   ///< no service starts
     bool attached = true;  ///< the daemon lists it
+    bool usb = true;       ///< it is connected with a cable
+    bool network = false;  ///< it is connected over the network, at an address of its own of this computer
     int maxHandles = 256;  ///< open files a connection
     bool overPort = false; ///< of the first phone, for all: a port of 127.0.0.1 instead of a Unix socket
 };

@@ -18,8 +18,9 @@ namespace
 
 constexpr const char *footer =
     "DEVICE is the folder that holds a device's DCIM and PhotoData folders (folder:PATH), or the folder\n"
-    "of a computer backup of a device, encrypted or not (backup:PATH); usb for the device on USB, or\n"
-    "afc:UDID where there are several (\"photolib devices\" lists them).\n"
+    "of a computer backup of a device, encrypted or not (backup:PATH); usb for the device on USB, or on\n"
+    "the network when there is none on USB, or afc:UDID where there are several (\"photolib devices\"\n"
+    "lists them).\n"
     "\"photolib COMMAND --help\" tells the options of a command.\n"
     "\n"
     "Exit status: 0 all done; 1 some items failed or were not found; 2 wrong usage; 3 the device\n"

@@ -35,10 +35,15 @@ void pairWith(const QString &device)
 {
     const QString scheme = QStringLiteral("afc:");
     if (!device.startsWith(scheme))
-        throw Failure{ExitUsage, QStringLiteral("--pair is for devices on USB, which %1 is not").arg(quoted(device))};
-    const QString problem = devicehost::pairUsbDevice(device.mid(scheme.size()));
+        throw Failure{
+            ExitUsage,
+            QStringLiteral("--pair is for devices on USB and on the network, which %1 is not").arg(quoted(device))};
+    bool wasPaired = false;
+    const QString problem = devicehost::pairUsbDevice(device.mid(scheme.size()), &wasPaired);
     if (!problem.isEmpty())
         throw Failure{ExitDeviceUnreachable, QStringLiteral("%1: %2").arg(device, problem)};
+    if (wasPaired)
+        printNote(QStringLiteral("photolib: %1 and this computer are paired already; nothing was changed").arg(device));
 }
 
 QString resolved(const DeviceOptions &options)
@@ -84,11 +89,13 @@ LibrarySession::LibrarySession(const DeviceOptions &options)
     unlock(options); // nothing lies on the disk yet, so that signals may simply end it
     interrupts = std::make_unique<InterruptScope>(*host);
     open(options.showProgress());
+    if (!host->notice().isEmpty())
+        warn(host->notice());
     const QString damage = damageReport();
     if (damage.isEmpty())
         warnOfShortcoming();
     else if (manager->getPhotoCount() == 0 && manager->getAlbumCount() == 0)
-        throw Failure{ExitLibraryUnreadable,
+        throw Failure{unreadable(),
                       QStringLiteral("%1: the photo library cannot be read: %2").arg(deviceName(), damage)};
     else
         warn(QStringLiteral("the library was read in part only: ") + damage);
@@ -140,7 +147,7 @@ void LibrarySession::open(bool showProgress)
     host->setProgress({});
     bar.erase();
     if (!opened || interruptRequested()) // which the library may have been too far to notice
-        fail(ExitLibraryUnreadable, QStringLiteral("the photo library cannot be read"));
+        fail(unreadable(), QStringLiteral("the photo library cannot be read"));
 }
 
 void LibrarySession::fail(ExitCode code, const QString &fallback)
@@ -149,6 +156,12 @@ void LibrarySession::fail(ExitCode code, const QString &fallback)
         throw Failure{ExitInterrupted, QStringLiteral("interrupted")};
     const QString reason = host->failure();
     throw Failure{code, QStringLiteral("%1: %2").arg(deviceName(), reason.isEmpty() ? fallback : reason)};
+}
+
+// A device that left in the meantime says nothing about its library.
+ExitCode LibrarySession::unreadable() const
+{
+    return host->deviceIsUnreachable() ? ExitDeviceUnreachable : ExitLibraryUnreadable;
 }
 
 QString LibrarySession::damageReport() const

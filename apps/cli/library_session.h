@@ -20,8 +20,8 @@ void applyUsbOptions(const UsbOptions &options);
 class LibrarySession
 {
 public:
-    /// Opens the library; throws a Failure when that cannot be done or the user interrupts. Prints one
-    /// warning at most: for what was read in part only, or else for what the library lacks.
+    /// Opens the library; throws a Failure when that cannot be done or the user interrupts. Prints a warning for what
+    /// the device says of itself, and one at most for what was read in part only, or else for what the library lacks.
     explicit LibrarySession(const DeviceOptions &options);
 
     /// Ctrl-C ends the process also while the library is freed, which takes seconds for a million photos.
@@ -51,6 +51,7 @@ private:
 
     void unlock(const DeviceOptions &options);
     void open(bool showProgress);
+    ExitCode unreadable() const;  ///< the status for a library that did not open
     QString damageReport() const; ///< empty when all could be read
     void warnOfShortcoming();
     void warn(const QString &message);

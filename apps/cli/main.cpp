@@ -1,5 +1,6 @@
 #include "apps/cli/command_line.h"
 #include "apps/cli/messages.h"
+#include "apps/cli/process_end.h"
 #include "apps/cli/standard_streams.h"
 #include "devicehost/device_host.h"
 
@@ -13,5 +14,5 @@ int main(int argc, char **argv)
         photocli::printWarning(QStringLiteral("damage of a database will not be noticed"));
     // The locale of scripts is often "C", in which Qt would lose every letter beyond ASCII of a path.
     QTextCodec::setCodecForLocale(QTextCodec::codecForName("UTF-8"));
-    return photocli::runCommandLine(argc, argv);
+    return photocli::endProcess(photocli::runCommandLine(argc, argv));
 }

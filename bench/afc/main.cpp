@@ -28,7 +28,8 @@ struct Way {
 struct Settings {
     std::vector<int> megabytes{10, 100, 1000};
     std::vector<int> latencies{0, 1, 5};
-    int latencyMegabytes = 100;
+    std::vector<int> latencyMegabytes{100, 1000};
+    double seconds = 60;
     int repeat = 5;
     std::vector<std::string> only;
 };
@@ -58,6 +59,7 @@ struct Result {
     std::vector<double> rates;   ///< megabytes a second
     std::vector<double> readers; ///< processor seconds a gigabyte
     std::vector<double> phones;
+    double seconds = 0; ///< that the passes took together
 };
 
 struct Conditions {
@@ -70,8 +72,8 @@ void print(const Result &result, const Conditions &conditions)
 {
     if (result.rates.empty())
         return;
-    std::printf("| %s | %d | %d | %s | %.0f | %.0f to %.0f | %.2f | %.2f |\n", conditions.tls ? "TLS" : "plain",
-                conditions.latency, conditions.megabytes, result.way->name, median(result.rates),
+    std::printf("| %s | %d | %d | %s | %zu | %.0f | %.0f to %.0f | %.2f | %.2f |\n", conditions.tls ? "TLS" : "plain",
+                conditions.latency, conditions.megabytes, result.way->name, result.rates.size(), median(result.rates),
                 *std::min_element(result.rates.begin(), result.rates.end()),
                 *std::max_element(result.rates.begin(), result.rates.end()), median(result.readers),
                 median(result.phones));
@@ -80,20 +82,23 @@ void print(const Result &result, const Conditions &conditions)
 
 /// Runs take turns, so that what else the computer does meets all ways alike.
 void measure(const std::vector<Way> &ways, const testkit::SimulatedPhone &phone, const Conditions &conditions,
-             int repeat, std::set<std::string> *missing)
+             const Settings &settings, std::set<std::string> *missing)
 {
     const qint64 size = conditions.megabytes * megabyte;
     const double gigabytes = static_cast<double>(size) / 1e9;
     const std::string path = "/DCIM/" + std::to_string(conditions.megabytes) + ".MOV";
     std::vector<Result> results;
     for (const Way &way : ways)
-        results.push_back({&way, nullptr, {}, {}, {}});
-    for (int run = 0; run < repeat; ++run) {
+        results.push_back({&way, nullptr, {}, {}, {}, 0});
+    for (int run = 0; run < settings.repeat; ++run) {
         for (Result &result : results) {
+            if (result.seconds >= settings.seconds)
+                continue;
             try {
                 if (result.reader == nullptr)
                     result.reader = result.way->make();
                 const Pass pass = readFile(*result.reader, phone, path, size, result.way->requestSize);
+                result.seconds += pass.elapsed;
                 result.rates.push_back(gigabytes * 1000 / pass.elapsed);
                 result.readers.push_back(pass.readersProcessor / gigabytes);
                 result.phones.push_back(pass.phonesProcessor / gigabytes);
@@ -114,8 +119,8 @@ void measureAll(const Settings &settings, const QString &root)
         if (only.empty() || std::find(only.begin(), only.end(), way.name) != only.end())
             wanted.push_back(way);
     }
-    std::printf("| | latency, ms | file, MB | way | MB/s | least to most | reader, s/GB | phone, s/GB |\n"
-                "| --- | ---: | ---: | --- | ---: | --- | ---: | ---: |\n");
+    std::printf("| | latency, ms | file, MB | way | passes | MB/s | least to most | reader, s/GB | phone, s/GB |\n"
+                "| --- | ---: | ---: | --- | ---: | ---: | --- | ---: | ---: |\n");
     std::set<std::string> missing;
     for (const bool tls : {false, true}) {
         testkit::SimulatedPhoneOptions options;
@@ -124,9 +129,8 @@ void measureAll(const Settings &settings, const QString &root)
         phone.useHere();
         for (const int latency : settings.latencies) {
             phone.command("slow latency=" + QByteArray::number(latency));
-            const auto sizes = latency == 0 ? settings.megabytes : std::vector<int>{settings.latencyMegabytes};
-            for (const int megabytes : sizes)
-                measure(wanted, phone, {tls, latency, megabytes}, settings.repeat, &missing);
+            for (const int megabytes : latency == 0 ? settings.megabytes : settings.latencyMegabytes)
+                measure(wanted, phone, {tls, latency, megabytes}, settings, &missing);
         }
     }
     for (const std::string &text : missing)
@@ -141,9 +145,11 @@ int main(int argc, char **argv)
     Settings settings;
     app.add_option("--megabytes", settings.megabytes, "sizes of the files without latency")->capture_default_str();
     app.add_option("--latency", settings.latencies, "milliseconds a request")->capture_default_str();
-    app.add_option("--latency-megabytes", settings.latencyMegabytes, "size of the file with latency")
+    app.add_option("--latency-megabytes", settings.latencyMegabytes, "sizes of the files with latency")
         ->capture_default_str();
     app.add_option("--repeat", settings.repeat, "runs, of which the median counts")->check(CLI::PositiveNumber);
+    app.add_option("--seconds", settings.seconds, "a way that took so long for a file is not repeated any more")
+        ->capture_default_str();
     app.add_option("--only", settings.only, "names of ways");
     CLI11_PARSE(app, argc, argv);
 
@@ -151,7 +157,7 @@ int main(int argc, char **argv)
         const QTemporaryDir root;
         QDir(root.path()).mkpath(QStringLiteral("DCIM"));
         std::set<int> sizes(settings.megabytes.begin(), settings.megabytes.end());
-        sizes.insert(settings.latencyMegabytes);
+        sizes.insert(settings.latencyMegabytes.begin(), settings.latencyMegabytes.end());
         for (const int megabytes : sizes)
             makeFile(root.filePath(QStringLiteral("DCIM/%1.MOV").arg(megabytes)), megabytes * megabyte);
         measureAll(settings, root.path());

@@ -22,6 +22,9 @@ namespace devicehost::afc
 /// Calls that nobody waits for any more and that have not returned. Tests wait for them to end.
 inline std::atomic<int> abandonedCalls{0};
 
+/// Whether there ever was one. A thread whose call has returned still takes down what other libraries keep for it.
+inline std::atomic<bool> callWasAbandoned{false};
+
 /// The result of `work`, unless it takes longer than `timeout` or `stopRequested` answers true: then nothing, and
 /// `*error` says which. For calls that can wait for minutes and cannot be broken off: they go on on a thread of their
 /// own, which throws the result away. So `work` must own all that it uses.
@@ -69,6 +72,7 @@ std::optional<Result> runBounded(std::function<Result()> work, std::chrono::mill
             *error = clientOutcome(stopped ? Stopped : TimedOut).error;
             shared->abandoned = true;
             ++abandonedCalls;
+            callWasAbandoned = true;
             thread.detach();
             return std::nullopt;
         }

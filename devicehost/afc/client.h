@@ -1,6 +1,7 @@
 #ifndef DEVICEHOST_AFC_CLIENT_H
 #define DEVICEHOST_AFC_CLIENT_H
 
+#include "devicehost/afc/errors.h"
 #include "devicehost/afc/file_info.h"
 #include "devicehost/afc/outcome.h"
 #include "devicehost/afc/packet.h"
@@ -11,8 +12,10 @@
 
 #include <atomic>
 #include <chrono>
+#include <deque>
 #include <memory>
 #include <mutex>
+#include <set>
 
 namespace devicehost::afc
 {
@@ -28,6 +31,8 @@ class Client
 public:
     static constexpr qint64 largestRequest = 1024 * 1024; ///< bytes asked for at once
     static constexpr qint64 largestInfo = 64 * 1024;
+    static constexpr std::size_t requestsOnTheWay = 8;
+    static constexpr qint64 mostOnTheWay = largestRequest * static_cast<qint64>(requestsOnTheWay);
 
     Client(std::unique_ptr<Transport> connection, std::shared_ptr<Watchdog> guard, std::chrono::milliseconds patience);
 
@@ -41,10 +46,19 @@ public:
     /// From the start of the file.
     Outcome seek(quint64 handle, qint64 offset);
 
-    /// Reads up to `size` bytes into `buffer`; `*count` 0 at the end of the file. `expected` bytes are thought to be
-    /// left in the file: up to there the next piece is asked for while one is on its way. After an answer that is
-    /// shorter than what was asked for, the position of the file is not known.
-    Outcome read(quint64 handle, char *buffer, qint64 size, qint64 expected, qint64 *count);
+    /// Where to read.
+    struct Place {
+        quint64 handle = 0;
+        qint64 position = 0; ///< where the file is, after the last seek() and what was read since
+        qint64 expected = 0; ///< bytes that are thought to be left in the file
+    };
+
+    /// Reads up to `size` bytes into `buffer`; `*count` 0 at the end of the file. Up to where the file is thought to
+    /// end, further pieces are asked for while one is on its way: for this call, and, when it is a large one, for the
+    /// next calls of the same size. What was asked for and is not called for is taken in before any other operation, at
+    /// most `mostOnTheWay` bytes; when that was necessary, calls ask for themselves only until the next file is opened.
+    /// After an answer that is shorter than what was asked for, the position of the file is not known.
+    Outcome read(const Place &place, char *buffer, qint64 size, qint64 *count);
 
     /// Whether the connection can be used, as far as is known.
     bool isUsable() const { return usable.load(); }
@@ -54,17 +68,45 @@ public:
     bool isIdle() const;
 
 private:
-    struct Reply;
+    /// Where the content of an answer goes, and how much of it came.
+    struct Reply {
+        char *buffer = nullptr; ///< null: nowhere
+        qint64 room = 0;
+        qint64 size = 0;
+    };
 
     Outcome exchange(Operation operation, const QByteArray &parameters, Operation wanted, Reply *reply);
-    Outcome simple(Operation operation, const QByteArray &parameters);
     Outcome send(Watchdog::Watch &watch, Operation operation, const QByteArray &parameters);
     Outcome receiveReply(Watchdog::Watch &watch, Operation wanted, Reply *reply);
     Outcome receiveExactly(Watchdog::Watch &watch, char *buffer, qint64 size);
-    Outcome readPieces(Watchdog::Watch &watch, quint64 handle, char *buffer, qint64 size, qint64 expected,
-                       qint64 *count);
+    Outcome ask(Watchdog::Watch &watch, Operation operation, const QByteArray &parameters, Operation wanted,
+                Reply *reply);
+    Outcome discardExactly(Watchdog::Watch &watch, qint64 size);
+
+    Outcome prepare(Watchdog::Watch &watch, const Place &place, qint64 size);
+    Outcome readPieces(Watchdog::Watch &watch, const Place &place, char *buffer, qint64 size, qint64 *count);
+    Outcome askAhead(Watchdog::Watch &watch, qint64 limit, qint64 *asked);
+    Outcome seekNow(Watchdog::Watch &watch, quint64 handle, qint64 offset);
+    Outcome dropAhead(Watchdog::Watch &watch);
+    Outcome takeIn(Watchdog::Watch &watch);
+    /// Does the work with the connection to itself, unless it is of no use.
     template <class Work>
-    Outcome operate(const Work &work);
+    Outcome operate(const Work &work)
+    {
+        const std::lock_guard<std::mutex> lock(mutex);
+        if (!usable)
+            return clientOutcome(Disconnected);
+        Watchdog::Watch watch(*watchdog, transport->socket(), timeout);
+        try {
+            Outcome outcome = watch.verdict() == Watchdog::Verdict::Stopped ? clientOutcome(Stopped) : work(watch);
+            if (!outcome.leavesConnection())
+                usable = false;
+            return outcome;
+        } catch (...) { // lack of memory: an answer is on its way that the next operation would take for its own
+            usable = false;
+            throw;
+        }
+    }
 
     const std::unique_ptr<Transport> transport;
     const std::shared_ptr<Watchdog> watchdog;
@@ -72,6 +114,12 @@ private:
     std::mutex mutex; ///< held for a request and its answer
     quint64 sent = 0; ///< number of the last request
     quint64 answered = 0;
+
+    std::deque<qint64> ahead; ///< sizes of the pieces that were asked for and have not come yet, from the position on
+    quint64 aheadOf = 0;      ///< the file
+    qint64 callSize = 0;      ///< of the calls that they are meant for: no piece belongs to two
+    bool readsAhead = true;   ///< not while several files are read in turns: what comes is thrown away then
+    std::set<quint64> displaced; ///< files that the device would read on elsewhere than they are
     std::atomic<bool> usable{true};
 };
 

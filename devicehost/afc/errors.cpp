@@ -17,10 +17,10 @@ struct Entry {
 };
 
 constexpr const char *tryAgain = "unlock the device, connect it again and try again";
-constexpr const char *checkCable = "check the cable, connect the device again and try again";
-// A cable that is pulled while a connection is encrypted looks the same.
-constexpr const char *checkCableOrPair =
-    "check the cable and try again, and if that does not help, pair with it again (option --pair)";
+constexpr const char *checkWay = "check the cable or the network, connect the device again and try again";
+// A connection that breaks while encryption is agreed upon looks the same.
+constexpr const char *checkWayOrPair =
+    "check the cable or the network and try again, and if that does not help, pair with it again (option --pair)";
 constexpr const char *pairAgain = "pair with it again (option --pair), and tap Trust on its screen";
 constexpr const char *lost = "the connection to the device was lost";
 constexpr const char *notOffered = "the device does not give its media files away";
@@ -44,15 +44,15 @@ constexpr Entry entries[] = {
     {service, 11, ENOTCONN, "the device's file service is not connected", tryAgain},
     {service, 12, ETIMEDOUT, "the device's file service took too long", tryAgain},
     {service, 15, EOPNOTSUPP, "the device does not support the request", tryAgain},
-    {service, 30, ENODEV, lost, checkCable},
-    {service, 32, EPROTO, "the device did not get the whole request", checkCable},
+    {service, 30, ENODEV, lost, checkWay},
+    {service, 32, EPROTO, "the device did not get the whole request", checkWay},
 
     {lockdown, -2, EACCES, "the pairing record of this computer is of no use", pairAgain},
-    {lockdown, -3, ENODEV, lost, checkCable},
+    {lockdown, -3, ENODEV, lost, checkWay},
     {lockdown, -4, EACCES, "the device cannot be paired with", "unlock it, tap Trust on its screen and try again"},
-    {lockdown, -5, EACCES, "no encrypted connection to the device can be made", checkCableOrPair},
-    {lockdown, -7, ENODEV, lost, checkCable},
-    {lockdown, -8, ENODEV, lost, checkCable},
+    {lockdown, -5, EACCES, "no encrypted connection to the device can be made", checkWayOrPair},
+    {lockdown, -7, ENODEV, lost, checkWay},
+    {lockdown, -8, ENODEV, lost, checkWay},
     {lockdown, -17, EACCES, "the device is locked", "unlock it and try again"},
     {lockdown, -18, EACCES, "trust in this computer was refused on the device",
      "unplug the device, connect it again, tap Trust on its screen and try again"},
@@ -68,15 +68,16 @@ constexpr Entry entries[] = {
     {lockdown, -34, EACCES, notOffered, mayBeManaged},
     {lockdown, -36, EACCES, "the device does not pair over this connection", "connect it with a cable"},
 
-    {link, -2, ENODEV, lost, checkCable},
-    {link, -3, ENODEV, "the device is not connected", "connect it with a cable, unlock it and try again"},
-    {link, -4, ENODEV, lost, checkCable},
-    {link, -6, EACCES, "no encrypted connection to the device can be made", checkCableOrPair},
+    {link, -2, ENODEV, lost, checkWay},
+    {link, -3, ENODEV, "the device is not connected",
+     "connect it with a cable or over the network, unlock it and try again"},
+    {link, -4, ENODEV, lost, checkWay},
+    {link, -6, EACCES, "no encrypted connection to the device can be made", checkWayOrPair},
     {link, -7, ETIMEDOUT, "the device does not answer", tryAgain},
 
     {client, TimedOut, ETIMEDOUT, "the device does not answer", tryAgain},
     {client, Stopped, ECANCELED, "it was stopped", "start it again when it suits"},
-    {client, Disconnected, ENODEV, lost, checkCable},
+    {client, Disconnected, ENODEV, lost, checkWay},
     {client, OutOfStep, EPROTO, "the device's answer makes no sense", tryAgain},
     {client, BadFileInfo, EPROTO, "what the device tells of the file makes no sense", tryAgain},
     {client, EndedEarly, EIO, "the device gives less of the file than it has", tryAgain},
@@ -93,7 +94,14 @@ VError unknown(ErrorSource source, qint64 code)
 {
     const char *const place = source == lockdown ? "pairing" : source == service ? "file service" : "connection";
     return {EIO, QStringLiteral("the device reports error %1 (%2)").arg(code).arg(QLatin1String(place)),
-            QString::fromLatin1(tryAgain)};
+            QString::fromLatin1(tryAgain), source == lockdown || source == link};
+}
+
+/// Whether a new connection cannot be made, or the one that there is has ended or fallen silent.
+bool isOfTheDevice(const Entry &entry)
+{
+    return entry.source == lockdown || entry.source == link || entry.code == ENODEV ||
+           (entry.source == client && entry.number == TimedOut);
 }
 
 } // namespace
@@ -102,7 +110,8 @@ VError explain(ErrorSource source, qint64 code)
 {
     for (const Entry &entry : entries)
         if (entry.source == source && entry.number == code)
-            return {entry.code, QString::fromLatin1(entry.text), QString::fromLatin1(entry.advice)};
+            return {entry.code, QString::fromLatin1(entry.text), QString::fromLatin1(entry.advice),
+                    isOfTheDevice(entry)};
     return unknown(source, code);
 }
 

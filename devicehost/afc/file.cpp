@@ -125,7 +125,7 @@ Outcome File::readHere(char *buffer, qint64 size, qint64 *count)
         if (!sought.ok())
             return sought;
     }
-    const Outcome outcome = client->read(handle, buffer, size, info.size - position, count);
+    const Outcome outcome = client->read({handle, position, info.size - position}, buffer, size, count);
     const qint64 after = position + *count;
     // Less than was asked for means the end of the file, or nothing that can be relied on.
     devicePosition = outcome.ok() && (*count == size || after == info.size) ? after : unknown;

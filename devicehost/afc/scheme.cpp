@@ -24,15 +24,13 @@ std::unique_ptr<VDev> openUsbDevice(const char *udid, const std::shared_ptr<Host
     return afc::openDevice(std::static_pointer_cast<afc::Session>(session), error);
 }
 
-QStringList usbUdids(QString *failure)
+QList<ConnectedDevice> connectedDevices(QString *failure)
 {
     VError error;
-    QStringList udids;
-    for (const QByteArray &udid : afc::connectedUdids(&error))
-        udids += QString::fromUtf8(udid);
+    const QList<ConnectedDevice> devices = afc::connectedDevices(usbTimeout(), &error);
     if (error.code != 0)
         *failure = QStringLiteral("%1; %2").arg(error.text, error.advice);
-    return udids;
+    return devices;
 }
 
 } // namespace devicehost

@@ -2,15 +2,16 @@
 
 #include "devicehost/afc/errors.h"
 
+#include <cerrno>
 #include <utility>
 
 namespace devicehost::afc
 {
 
 Session::Session(std::unique_ptr<Connector> deviceConnector, std::chrono::milliseconds patience,
-                 std::function<bool()> stopRequested)
+                 std::function<bool()> stopRequested, std::chrono::milliseconds restTime)
     : timeout(patience), watchdog(std::make_shared<Watchdog>(std::move(stopRequested))),
-      connector(std::move(deviceConnector))
+      connector(std::move(deviceConnector)), rest(restTime)
 {
 }
 
@@ -37,13 +38,33 @@ std::shared_ptr<Client> Session::connect(VError *error)
         *error = clientOutcome(Stopped).error;
         return nullptr;
     }
+    if (isResting(error))
+        return nullptr;
     std::unique_ptr<Transport> transport = connector->connect(
         timeout, [guard] { return guard->stopRequested(); }, error);
+    if (transport == nullptr && error->code == ETIMEDOUT)
+        restAfter(*error);
     if (transport != nullptr && transport->socket() >= 0 && !guard->start()) {
         *error = clientOutcome(NoThread).error;
         return nullptr;
     }
     return transport == nullptr ? nullptr : std::make_shared<Client>(std::move(transport), guard, timeout);
+}
+
+bool Session::isResting(VError *error)
+{
+    const std::lock_guard<std::mutex> lock(mutex);
+    if (std::chrono::steady_clock::now() >= restsUntil)
+        return false;
+    *error = timeOut;
+    return true;
+}
+
+void Session::restAfter(const VError &error)
+{
+    const std::lock_guard<std::mutex> lock(mutex);
+    timeOut = error;
+    restsUntil = std::chrono::steady_clock::now() + rest;
 }
 
 void Session::giveBack(std::shared_ptr<Client> client)

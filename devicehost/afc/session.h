@@ -29,13 +29,19 @@ public:
 };
 
 /// The connections to one device. A new one takes a phone part of a second and the library opens the device anew for
-/// each file, so those that nobody uses are kept for the next. Any thread may use it.
+/// each file, so those that nobody uses are kept for the next.
+///
+/// When a connection could not be made in time, none is tried for `restAfterTimeOut`: until then every attempt fails at
+/// once as that one did, so that a silent device does not cost a time-out for each of a thousand photos. Any thread may
+/// use it.
 class Session final : public BackendSession
 {
 public:
+    static constexpr std::chrono::milliseconds restAfterTimeOut = std::chrono::seconds(10);
+
     /// `stopRequested` is called on any thread.
     Session(std::unique_ptr<Connector> deviceConnector, std::chrono::milliseconds patience,
-            std::function<bool()> stopRequested);
+            std::function<bool()> stopRequested, std::chrono::milliseconds rest = restAfterTimeOut);
 
     /// A client for one user: an idle one, or one with a new connection. Null, with `*error` filled, on failure.
     std::shared_ptr<Client> take(VError *error);
@@ -49,11 +55,17 @@ public:
 private:
     static constexpr std::size_t mostIdle = 4;
 
+    bool isResting(VError *error);
+    void restAfter(const VError &error);
+
     const std::chrono::milliseconds timeout;
     const std::shared_ptr<Watchdog> watchdog;
     const std::unique_ptr<Connector> connector;
-    std::mutex mutex; ///< guards `idle`
+    const std::chrono::milliseconds rest;
+    std::mutex mutex; ///< guards what follows
     std::vector<std::shared_ptr<Client>> idle;
+    std::chrono::steady_clock::time_point restsUntil = std::chrono::steady_clock::time_point::min();
+    VError timeOut; ///< why it rests
 };
 
 } // namespace devicehost::afc

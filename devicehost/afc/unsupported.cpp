@@ -32,7 +32,7 @@ std::unique_ptr<VDev> openUsbDevice(const char *, const std::shared_ptr<HostStat
     return nullptr;
 }
 
-QStringList usbUdids(QString *failure)
+QList<ConnectedDevice> connectedDevices(QString *failure)
 {
     *failure = sentence();
     return {};
@@ -48,9 +48,14 @@ UsbDevices listUsbDevices()
     return {{}, sentence()};
 }
 
-QString pairUsbDevice(const QString &)
+QString pairUsbDevice(const QString &, bool *)
 {
     return sentence();
+}
+
+bool usbCallWasLeftBehind()
+{
+    return false;
 }
 
 } // namespace devicehost

@@ -99,13 +99,21 @@ void lookAtTrust(const DeviceHandle &device, UsbDevice *found)
         found->lock = UsbDevice::Lock::Locked;
 }
 
-UsbDevice describe(const QByteArray &udid)
+/// What is known without asking the device.
+UsbDevice silent(const ConnectedDevice &connected)
+{
+    UsbDevice device;
+    device.udid = QString::fromUtf8(connected.udid);
+    device.connection = connected.overNetwork ? UsbDevice::Connection::Network : UsbDevice::Connection::Usb;
+    return device;
+}
+
+UsbDevice describe(const ConnectedDevice &connected)
 {
     const PipeSignalBlock block;
-    UsbDevice found;
-    found.udid = QString::fromUtf8(udid);
+    UsbDevice found = silent(connected);
     VError error;
-    const DeviceHandle device = openUsbDevice(udid, &error);
+    const DeviceHandle device = openUsbDevice(connected.udid, &error);
     if (device == nullptr)
         return found;
     if (const LockdownHandle lockdown = greet(device)) {
@@ -113,26 +121,65 @@ UsbDevice describe(const QByteArray &udid)
         found.model = valueOf(lockdown, "ProductType");
         found.systemVersion = valueOf(lockdown, "ProductVersion");
     }
-    if (isKnownHere(udid))
+    if (isKnownHere(connected.udid))
         lookAtTrust(device, &found);
     else
         found.trust = UsbDevice::Trust::NotYet;
     return found;
 }
 
-QString pairNow(const QByteArray &udid)
+struct Pairing {
+    QString problem; ///< empty when they are paired now
+    bool wasPaired = false;
+};
+
+Pairing pairingFailed(lockdownd_error_t code)
+{
+    return {toSentence(explain(ErrorSource::Lockdown, code)), false};
+}
+
+/// Whether the device answered that the pairing is of no use; not so when it cannot say, or could not be heard.
+bool isRejection(lockdownd_error_t greeted)
+{
+    switch (greeted) {
+    case LOCKDOWN_E_PASSWORD_PROTECTED:
+    case LOCKDOWN_E_PLIST_ERROR:
+    case LOCKDOWN_E_RECEIVE_TIMEOUT:
+    case LOCKDOWN_E_MUX_ERROR:
+        return false;
+    default:
+        return true;
+    }
+}
+
+lockdownd_error_t tryPairing(const DeviceHandle &device)
+{
+    lockdownd_client_t client = nullptr;
+    const lockdownd_error_t greeted = lockdownd_client_new_with_handshake(device.get(), &client, lockdownLabel);
+    const LockdownHandle lockdown(client);
+    return greeted;
+}
+
+Pairing pairNow(const QByteArray &udid)
 {
     const PipeSignalBlock block;
     VError error;
     const DeviceHandle device = openUsbDevice(udid, &error);
     if (device == nullptr)
-        return toSentence(error);
+        return {toSentence(error), false};
+    if (isKnownHere(udid)) {
+        const lockdownd_error_t greeted = tryPairing(device);
+        if (greeted == LOCKDOWN_E_SUCCESS)
+            return {QString(), true};
+        if (!isRejection(greeted))
+            return pairingFailed(greeted);
+    }
     const LockdownHandle lockdown = greet(device);
     if (lockdown == nullptr)
-        return toSentence(explain(ErrorSource::Lockdown, LOCKDOWN_E_MUX_ERROR));
+        return pairingFailed(LOCKDOWN_E_MUX_ERROR);
     lockdownd_unpair(lockdown.get(), nullptr); // which a device that has forgotten this computer refuses
     const lockdownd_error_t paired = lockdownd_pair(lockdown.get(), nullptr);
-    return paired == LOCKDOWN_E_SUCCESS ? QString() : toSentence(explain(ErrorSource::Lockdown, paired));
+    return paired == LOCKDOWN_E_SUCCESS ? Pairing() : pairingFailed(paired);
 }
 
 } // namespace
@@ -146,24 +193,30 @@ UsbDevices listUsbDevices()
 {
     VError error;
     UsbDevices result;
-    for (const QByteArray &udid : connectedUdids(&error)) {
-        UsbDevice silent;
-        silent.udid = QString::fromUtf8(udid);
+    const QList<ConnectedDevice> connected = afc::connectedDevices(usbTimeout(), &error);
+    for (const ConnectedDevice &device : connected) {
         VError gaveUp;
-        const std::function<UsbDevice()> look = [udid] { return describe(udid); };
-        result.devices += runBounded(look, usbTimeout(), neverStops, &gaveUp).value_or(silent);
+        const std::function<UsbDevice()> look = [device] { return describe(device); };
+        result.devices += runBounded(look, usbTimeout(), neverStops, &gaveUp).value_or(silent(device));
     }
     if (error.code != 0)
         result.failure = toSentence(error);
     return result;
 }
 
-QString pairUsbDevice(const QString &udid)
+QString pairUsbDevice(const QString &udid, bool *wasPaired)
 {
     VError error;
-    const std::function<QString()> pair = [name = udid.toUtf8()] { return pairNow(name); };
-    const std::optional<QString> problem = runBounded(pair, usbTimeout(), neverStops, &error);
-    return problem ? *problem : toSentence(error);
+    const std::function<Pairing()> pair = [name = udid.toUtf8()] { return pairNow(name); };
+    const std::optional<Pairing> pairing = runBounded(pair, usbTimeout(), neverStops, &error);
+    if (wasPaired != nullptr)
+        *wasPaired = pairing && pairing->wasPaired;
+    return pairing ? pairing->problem : toSentence(error);
+}
+
+bool usbCallWasLeftBehind()
+{
+    return callWasAbandoned.load();
 }
 
 } // namespace devicehost

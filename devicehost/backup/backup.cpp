@@ -19,6 +19,9 @@ namespace
 
 constexpr const char *manifestName = "Manifest.db";
 
+/// What SQLite keeps beside a database that is being written, or whose writing was broken off.
+constexpr const char *unfinishedNames[] = {"Manifest.db-wal", "Manifest.db-journal"};
+
 /// As the manifest names files: no slash in front, one between two components. Nothing for a name that climbs.
 std::optional<QByteArray> tidied(const char *path)
 {
@@ -48,6 +51,15 @@ VError damaged(const QString &what)
 VError incomplete(const QByteArray &name, const QString &what)
 {
     return {ENODATA, QStringLiteral("the backup is incomplete: its file %1 %2").arg(QString::fromLatin1(name), what)};
+}
+
+VError tooLong(const QByteArray &name, qint64 size)
+{
+    return damaged(
+        QStringLiteral("the backup is damaged: its file %1 holds more than the %2 bytes that its Manifest.db "
+                       "tells of")
+            .arg(QString::fromLatin1(name))
+            .arg(size));
 }
 
 /// Why an entry is no file that can be opened; code 0 for one that is.
@@ -123,8 +135,27 @@ bool Backup::unlock(const QByteArray *password, VError *error)
     return false;
 }
 
+bool Backup::isAtRest(const PathTree &tree, VError *error)
+{
+    for (const char *name : unfinishedNames) {
+        VError reason;
+        const UniqueFd file = tree.openForReading(name, &reason);
+        if (file ? sizeOf(file) == 0 : isAbsence(reason))
+            continue;
+        *error = {EBUSY,
+                  QStringLiteral("the backup is being written, or was not finished: there is a %1 beside its "
+                                 "Manifest.db")
+                      .arg(QLatin1String(name)),
+                  QStringLiteral("wait until the backup is finished, or make a new one")};
+        return false;
+    }
+    return true;
+}
+
 bool Backup::readManifest(VError *error)
 {
+    if (!isAtRest(tree, error))
+        return false;
     const std::optional<FileState> state = manifestState(tree, error);
     SecretBytes bytes = state ? readWholeFile(tree, manifestName, largestManifest, error) : SecretBytes();
     if (error->code != 0) {
@@ -165,7 +196,7 @@ bool Backup::isCurrent(const char *root, VError *error) const
     if (!state)
         return false;
     if (*state == stateAtOpening)
-        return true;
+        return isAtRest(now, error);
     *error = {ESTALE, QStringLiteral("the backup was changed after it had been opened")};
     return false;
 }
@@ -196,31 +227,53 @@ std::unique_ptr<VFile> Backup::openStored(const Manifest::Entry &entry, VError *
         return nullptr;
     }
     const std::optional<FileRecord> record = manifest->record(entry);
-    const qint64 stored = sizeOf(file);
-    if (!keys) {
-        if (record && stored >= 0 && stored < record->size) {
-            *error = incomplete(name, QStringLiteral("holds %1 of %2 bytes").arg(stored).arg(record->size));
-            return nullptr;
-        }
-        return std::make_unique<PosixFile>(std::move(file));
-    }
+    if (!keys)
+        return openPlain(name, std::move(file), record, error);
     if (!record) {
         *error = damaged(QStringLiteral("its entry in the backup's Manifest.db is damaged"));
         return nullptr;
     }
-    const qint64 needed = EncryptedFile::encryptedSize(record->size);
-    if (needed < 0 || stored < needed) {
-        *error = incomplete(name, QStringLiteral("is too short for %1 bytes").arg(record->size));
+    return openEncrypted(name, std::move(file), *record, error);
+}
+
+std::unique_ptr<VFile> Backup::openPlain(const QByteArray &name, UniqueFd file, const std::optional<FileRecord> &record,
+                                         VError *error)
+{
+    const qint64 stored = sizeOf(file);
+    if (record && stored >= 0 && stored < record->size) {
+        *error = incomplete(name, QStringLiteral("holds %1 of %2 bytes").arg(stored).arg(record->size));
         return nullptr;
     }
-    if (record->size == 0)
+    if (record && stored > record->size) {
+        *error = tooLong(name, record->size);
+        return nullptr;
+    }
+    return std::make_unique<PosixFile>(std::move(file)); // without a record nothing tells how long it should be
+}
+
+std::unique_ptr<VFile> Backup::openEncrypted(const QByteArray &name, UniqueFd file, const FileRecord &record,
+                                             VError *error) const
+{
+    const qint64 stored = sizeOf(file);
+    const qint64 needed = EncryptedFile::encryptedSize(record.size);
+    if (needed < 0 || stored < needed) {
+        *error = incomplete(name, QStringLiteral("is too short for %1 bytes").arg(record.size));
+        return nullptr;
+    }
+    constexpr qint64 block = blockBytes;
+    const bool isPaddedByABlock = record.size % block == 0 && stored - needed == block;
+    if (stored != needed && !isPaddedByABlock) {
+        *error = tooLong(name, record.size);
+        return nullptr;
+    }
+    if (record.size == 0)
         return std::make_unique<EncryptedFile>(std::move(file), SecretBytes(), 0);
-    const SecretBytes key = keys->fileKey(record->protectionClass, record->wrappedKey);
+    const SecretBytes key = keys->fileKey(record.protectionClass, record.wrappedKey);
     if (key.isEmpty()) {
         *error = damaged(QStringLiteral("its key in the backup's Manifest.db is missing or damaged"));
         return nullptr;
     }
-    return std::make_unique<EncryptedFile>(std::move(file), key, record->size);
+    return std::make_unique<EncryptedFile>(std::move(file), key, record.size);
 }
 
 } // namespace devicehost

@@ -23,11 +23,15 @@ public:
     static std::shared_ptr<Backup> open(const char *root, const QByteArray *password, VError *error);
 
     /// A file by its name on the device, such as "/DCIM/100APPLE/IMG_0001.JPG". Null, with `*error` filled, on failure;
-    /// ENOENT when the backup holds no such file, ENODATA when it lists one and does not hold it, or a part only.
+    /// ENOENT when the backup holds no such file, ENODATA when it lists one and does not hold it, or a part only,
+    /// EBADMSG when it holds more than it lists. A plain file whose record is damaged is given as it is.
     std::unique_ptr<VFile> openFile(const char *path, VError *error) const;
 
-    /// Whether the backup is still there, and the one that was opened.
+    /// Whether the backup is still there, the one that was opened, and not being written.
     bool isCurrent(const char *root, VError *error) const;
+
+    /// False when the backup was interrupted, so that some of its files may be missing.
+    bool isFinished() const { return facts.finished; }
 
 private:
     /// What makes one version of a file another.
@@ -44,6 +48,11 @@ private:
     bool unlock(const QByteArray *password, VError *error);
     bool readManifest(VError *error);
     std::unique_ptr<VFile> openStored(const Manifest::Entry &entry, VError *error) const;
+    static std::unique_ptr<VFile> openPlain(const QByteArray &name, UniqueFd file,
+                                            const std::optional<FileRecord> &record, VError *error);
+    std::unique_ptr<VFile> openEncrypted(const QByteArray &name, UniqueFd file, const FileRecord &record,
+                                         VError *error) const;
+    static bool isAtRest(const PathTree &tree, VError *error);
     static std::optional<FileState> manifestState(const PathTree &tree, VError *error);
 
     PathTree tree;

@@ -20,6 +20,31 @@ QByteArray folderOf(const QString &deviceName)
     return deviceName.startsWith(scheme) ? deviceName.mid(scheme.size()).toUtf8() : QByteArray();
 }
 
+/// What can be done about an error that says nothing of that itself, where deviceAdvice() speaks of mounted devices.
+QString backupAdvice(int code)
+{
+    switch (code) {
+    case EACCES:
+    case EPERM:
+        return QStringLiteral("make it readable for you");
+    case EFBIG:
+    case EIO:
+    case EISDIR:
+    case EINVAL:
+    case ELOOP:
+    case EXDEV:
+        return QStringLiteral("make a new backup of the device, or copy the backup again");
+    default:
+        return {};
+    }
+}
+
+void advise(VError *error)
+{
+    if (error->advice.isEmpty())
+        error->advice = backupAdvice(error->code);
+}
+
 class BackupDevice final : public VDev
 {
 public:
@@ -27,10 +52,14 @@ public:
 
     std::unique_ptr<VFile> openFile(const char *path, int mode, Error *error) override
     {
+        std::unique_ptr<VFile> file;
         if (mode == 0)
-            return backup->openFile(path, error);
-        *error = errnoError(EROFS);
-        return nullptr;
+            file = backup->openFile(path, error);
+        else
+            *error = errnoError(EROFS);
+        if (file == nullptr)
+            advise(error);
+        return file;
     }
 
 private:
@@ -45,8 +74,10 @@ std::unique_ptr<VDev> openBackupDevice(const char *root, const std::shared_ptr<H
     if (backup != nullptr)
         return backup->isCurrent(root, error) ? std::make_unique<BackupDevice>(std::move(backup)) : nullptr;
     backup = Backup::open(root, nullptr, error);
-    if (backup == nullptr)
+    if (backup == nullptr) {
+        advise(error);
         return nullptr;
+    }
     if (host != nullptr)
         host->keepBackup(backup);
     return std::make_unique<BackupDevice>(std::move(backup));
@@ -67,7 +98,9 @@ bool unlockBackup(HostState &host, const QByteArray &password, VError *error)
         return true;
     const std::shared_ptr<const Backup> backup =
         Backup::open(folderOf(host.devicePath()).constData(), &password, error);
-    if (backup != nullptr)
+    if (backup == nullptr)
+        advise(error);
+    else
         host.keepBackup(backup);
     return backup != nullptr;
 }

@@ -72,7 +72,8 @@ void FileWatch::fail(const QString &what, const VError &error)
         device ? QStringLiteral("%1 on the device").arg(path)
                : QStringLiteral("the local copy %1 of %2 on the device").arg(path, sourceOfLocalCopy(path));
     const QString advice = device ? deviceAdvice(error) : localAdvice(error.code);
-    host->recordFailure(QStringLiteral("%1 cannot be %2: %3; %4").arg(title, what, error.text, advice));
+    host->recordFailure(QStringLiteral("%1 cannot be %2: %3; %4").arg(title, what, error.text, advice),
+                        error.deviceUnreachable);
 }
 
 void FileWatch::advanced(qint64 count, qint64 totalBytes, bool atEnd)

@@ -43,7 +43,8 @@ std::unique_ptr<VDev> openAnnouncedDevice(const char *name)
         device->host = host;
     else if (host != nullptr && !host->stopRequested())
         host->recordFailure(QStringLiteral("the device %1 cannot be opened: %2; %3")
-                                .arg(host->devicePath(), error.text, devicehost::deviceAdvice(error)));
+                                .arg(host->devicePath(), error.text, devicehost::deviceAdvice(error)),
+                            error.deviceUnreachable);
     return device;
 }
 

@@ -20,10 +20,11 @@ class Gone(Exception):
 class Channel:
     """Used by the thread of its connection; cut() and wake() by any thread."""
 
-    def __init__(self, connection, phone, service):
+    def __init__(self, connection, phone, service, way):
         self.connection = connection
         self.phone = phone
         self.service = service
+        self.way = way  # by which it came: USB or NETWORK of phone.py
         self.received = collections.deque()  # (time of arrival, bytes)
         # Requests that arrive while one waits are taken in, to know their time; not where TLS may begin or end.
         self.reads_ahead = False

@@ -15,8 +15,8 @@ forget                        the phone forgets all computers
 refuse SERVICE ERROR          starting the service fails so
 allow SERVICE
 set KEY VALUE                 what GetValue answers
-detach                        the phone leaves, connections end
-attach                        it is back
+detach [usb|network]          the phone leaves, connections end
+attach [usb|network]          it is back
 counters
 operations                    the file operations so far: JSON, [[name, path], ...]
 wait COUNTER VALUE            until the counter has the value
@@ -106,11 +106,18 @@ class Control:
         with phone.changed:
             phone.values[key] = value
 
-    def do_attach(self, phone, _):
-        self.daemon.attach(phone)
+    def do_attach(self, phone, rest):
+        self.daemon.attach(phone, self._way(phone, rest))
 
-    def do_detach(self, phone, _):
-        self.daemon.detach(phone)
+    def do_detach(self, phone, rest):
+        self.daemon.detach(phone, self._way(phone, rest))
+
+    @staticmethod
+    def _way(phone, name):
+        names = [way.name for way in phone.ways]
+        if name and name not in names:
+            raise ValueError(f"the phone is connected by {' and '.join(names)} only")
+        return name or None
 
     def do_counters(self, phone, _):
         with phone.changed:

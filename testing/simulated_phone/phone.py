@@ -11,6 +11,17 @@ from media_folder import MediaFolder
 
 SERVICES = ("afc", "lockdown", "tls", "usbmux")
 OPERATIONS_KEPT = 100_000
+USB, NETWORK = "usb", "network"
+FIRST_SERVICE_PORT, LAST_SERVICE_PORT = 49152, 62000
+
+
+class Way:
+    """One of the connections that a phone may have with this computer. Used by the daemon."""
+
+    def __init__(self, name, attached):
+        self.name = name
+        self.attached = attached
+        self.device_id = 0  # another one after every attaching
 
 
 class Phone:
@@ -19,6 +30,7 @@ class Phone:
     def __init__(self, settings, device_keys):
         known = {
             "root", "udid", "name", "product_version", "tls", "paired", "locked", "attached", "trust", "max_handles",
+            "usb", "network",
         }  # fmt: skip
         unknown = set(settings) - known
         if unknown:
@@ -32,15 +44,17 @@ class Phone:
         self.faults = Faults()
         self.latency = 0.0  # seconds a request
         self.rate = 0  # bytes a second, 0 without limit
-        self.attached = settings.get("attached", True)
-        self.device_id = 0  # given by the daemon
+        attached = settings.get("attached", True)
+        wanted = {USB: settings.get("usb", True), NETWORK: settings.get("network", False)}
+        self.ways = [Way(name, attached) for name, is_wanted in wanted.items() if is_wanted]
+        self.network = None  # NetworkSide, given by the daemon to a phone that is on the network
         self.locked = settings.get("locked", False)
         self.locked_for_sessions = False
         self.trust = settings.get("trust", "granted")
         self.refused_services = {}  # name -> error
         self.hosts = {}  # HostID -> certificates of the pair record, on the side of the phone
         self.ports = {}  # port -> (service, TLS context or None)
-        self.last_port = 49152
+        self.last_port = FIRST_SERVICE_PORT
         self.channels = set()
         self.accepted = dict.fromkeys(SERVICES, 0)
         self.sent = dict.fromkeys(SERVICES, 0)
@@ -77,18 +91,27 @@ class Phone:
             self.channels.discard(channel)
             self.changed.notify_all()
 
-    def cut_all(self):
+    @property
+    def device_id(self):
+        """Under which the daemon knows its first way."""
+        return self.ways[0].device_id
+
+    def cut_all(self, way):
         with self.changed:
-            channels = list(self.channels)
-            self.ports.clear()
+            channels = [channel for channel in self.channels if channel.way == way]
+            if not any(other.attached for other in self.ways):
+                self.ports.clear()
         for channel in channels:
             channel.cut()
 
     def new_port(self, service, context):
         with self.changed:
-            self.last_port = self.last_port + 1 if self.last_port < 65535 else 49152
-            self.ports[self.last_port] = (service, context)
-            return self.last_port
+            while True:
+                self.last_port = self.last_port + 1 if self.last_port < LAST_SERVICE_PORT else FIRST_SERVICE_PORT
+                self.ports[self.last_port] = (service, context)
+                if self.network is None or self.network.offer(self.last_port):
+                    return self.last_port
+                del self.ports[self.last_port]
 
     def take_port(self, port):
         """A started service takes one connection."""

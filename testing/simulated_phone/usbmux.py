@@ -1,6 +1,7 @@
 """The daemon between hosts and phones: lists them, keeps pair records, and connects to their ports."""
 
 import errno
+import functools
 import plistlib
 import socket
 import struct
@@ -10,6 +11,8 @@ import threading
 import lockdown
 from afc import AfcService
 from channel import Channel, Gone
+from network import NetworkSide
+from phone import NETWORK, USB
 
 HEADER = struct.Struct("<IIII")
 PLIST_VERSION, PLIST_MESSAGE = 1, 8
@@ -29,8 +32,11 @@ class Daemon:
         self.listeners = {}  # connection -> the lock for sending on it
         self.last_device_id = 0
         for phone in phones:
-            if phone.attached:
-                phone.device_id = self.next_device_id()
+            for way in phone.ways:
+                if way.name == NETWORK:
+                    phone.network = NetworkSide(functools.partial(self.serve_network, phone, way))
+                if way.attached:
+                    way.device_id = self.next_device_id()
 
     def next_device_id(self):
         with self.lock:
@@ -50,33 +56,33 @@ class Daemon:
     # Phones that come and go
 
     @staticmethod
-    def attached_message(phone):
-        return {
-            "MessageType": "Attached",
-            "DeviceID": phone.device_id,
-            "Properties": {
-                "ConnectionType": "USB",
-                "ConnectionSpeed": 480000000,
-                "DeviceID": phone.device_id,
-                "LocationID": phone.device_id << 16,
-                "ProductID": 0x12A8,
-                "SerialNumber": phone.udid,
-            },
-        }
+    def attached_message(phone, way):
+        properties = {"DeviceID": way.device_id, "SerialNumber": phone.udid}
+        if way.name == USB:
+            properties.update(
+                ConnectionType="USB", ConnectionSpeed=480000000, LocationID=way.device_id << 16, ProductID=0x12A8
+            )
+        else:
+            properties.update(ConnectionType="Network", NetworkAddress=phone.network.announced_address())
+        return {"MessageType": "Attached", "DeviceID": way.device_id, "Properties": properties}
 
-    def attach(self, phone):
-        if phone.attached:
-            return
-        phone.device_id = self.next_device_id()
-        phone.attached = True
-        self.tell(self.attached_message(phone))
+    def attached_messages(self):
+        return [self.attached_message(phone, way) for phone in self.phones for way in phone.ways if way.attached]
 
-    def detach(self, phone):
-        if not phone.attached:
-            return
-        phone.attached = False
-        self.tell({"MessageType": "Detached", "DeviceID": phone.device_id})
-        phone.cut_all()
+    def attach(self, phone, name=None):
+        """By the way of this name, or by every one that the phone has."""
+        for way in phone.ways:
+            if name in (None, way.name) and not way.attached:
+                way.device_id = self.next_device_id()
+                way.attached = True
+                self.tell(self.attached_message(phone, way))
+
+    def detach(self, phone, name=None):
+        for way in phone.ways:
+            if name in (None, way.name) and way.attached:
+                way.attached = False
+                self.tell({"MessageType": "Detached", "DeviceID": way.device_id})
+                phone.cut_all(way.name)
 
     def tell(self, message):
         with self.lock:
@@ -115,7 +121,7 @@ class Daemon:
         kind = request["MessageType"]
         udid = request.get("PairRecordID")
         if kind == "ListDevices":
-            return {"DeviceList": [self.attached_message(phone) for phone in self.phones if phone.attached]}
+            return {"DeviceList": self.attached_messages()}
         if kind == "ReadBUID":
             return {"BUID": SYSTEM_BUID}
         with self.lock:
@@ -135,37 +141,60 @@ class Daemon:
             with self.lock:
                 self.listeners[connection] = sending
             send_message(connection, tag, result(OK))
-            for phone in self.phones:
-                if phone.attached:
-                    send_message(connection, 0, self.attached_message(phone))
+            for message in self.attached_messages():
+                send_message(connection, 0, message)
 
     def connect(self, connection, tag, request):
         """True when the connection has become a tunnel, which is over then."""
-        phone = next((p for p in self.phones if p.attached and p.device_id == request["DeviceID"]), None)
-        if phone is None:
+        wanted = [(p, w) for p in self.phones for w in p.ways if w.attached and w.device_id == request["DeviceID"]]
+        if not wanted or wanted[0][1].name != USB:  # hosts reach the network without the daemon
             send_message(connection, tag, result(BAD_DEVICE))
             return False
-        port = socket.ntohs(request["PortNumber"])
-        service, context = ("lockdown", None) if port == lockdown.PORT else phone.take_port(port) or (None, None)
+        phone = wanted[0][0]
+        service, context = self.service_at(phone, socket.ntohs(request["PortNumber"]))
         if service is None:
             send_message(connection, tag, result(REFUSED))
             return False
-        channel = Channel(connection, phone, service)
-        phone.add(channel)
-        try:
+
+        def accept(channel):
             rule = phone.faults.operation(channel, "usbmux", "Connect", "")
             if rule is not None:
                 channel.suffer(rule)
             send_message(connection, tag, result(OK))
+
+        self.tunnel(Channel(connection, phone, service, USB), context, accept)
+        return True
+
+    def serve_network(self, phone, way, connection, port):
+        connection.setsockopt(socket.SOL_SOCKET, socket.SO_SNDBUF, SEND_BUFFER)
+        connection.setsockopt(socket.IPPROTO_TCP, socket.TCP_NODELAY, 1)
+        service, context = self.service_at(phone, port) if way.attached else (None, None)
+        if service is None:
+            connection.close()
+        else:
+            self.tunnel(Channel(connection, phone, service, NETWORK), context)
+
+    @staticmethod
+    def service_at(phone, port):
+        """(name, TLS context or None), or (None, None)."""
+        return ("lockdown", None) if port == lockdown.PORT else phone.take_port(port) or (None, None)
+
+    @staticmethod
+    def tunnel(channel, context, accept=None):
+        """Serves the connection to its end."""
+        phone = channel.phone
+        phone.add(channel)
+        try:
+            if accept is not None:
+                accept(channel)
             if context is not None:
                 channel.start_tls(context)
-            (AfcService if service == "afc" else lockdown.LockdownService)(channel, phone).run()
+            (AfcService if channel.service == "afc" else lockdown.LockdownService)(channel, phone).run()
         except Gone:
             pass
         finally:
             phone.remove(channel)
             channel.close()
-        return True
 
     # Pair records
 

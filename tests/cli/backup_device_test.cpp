@@ -32,10 +32,12 @@ class BackupDevice : public testing::Test
 protected:
     QString path(const QString &name) const { return folder.filePath(name); }
 
-    void makeBackup(const QString &name, const QString &device, const QByteArray &password = {}) const
+    void makeBackup(const QString &name, const QString &device, const QByteArray &password = {},
+                    const QByteArray &state = "finished") const
     {
         testkit::BackupOptions options;
         options.password = password;
+        options.snapshotState = state;
         testkit::BackupBuilder builder(path(name), options);
         builder.addTree(device);
         builder.write();
@@ -99,6 +101,28 @@ TEST_F(BackupDevice, EveryWayToTheSameDeviceExportsTheSameFiles)
     EXPECT_TRUE(treeOf(path("2")) == files);
     EXPECT_TRUE(treeOf(path("3")) == files);
     EXPECT_TRUE(locked.leftovers.isEmpty());
+}
+
+TEST_F(BackupDevice, AnInterruptedOneIsReadWithAWarning)
+{
+    device.addPhotos(3, 2000);
+    device.write();
+    makeBackup("partial", device.path(), {}, "uploading");
+    const RunResult result = run({"info", path("partial")});
+    EXPECT_EQ(result.code, 0);
+    EXPECT_EQ(result.err.count('\n'), 1) << result.err.toStdString();
+    EXPECT_THAT(result.err.toStdString(), HasSubstr("partial: the backup was interrupted before its end"));
+}
+
+TEST_F(BackupDevice, OneThatIsBeingWrittenIsNotReached)
+{
+    makeSmallBackups();
+    QFile log(path("plain/Manifest.db-wal"));
+    ASSERT_TRUE(log.open(QIODevice::WriteOnly) && log.write("changes") == 7 && log.flush());
+    const RunResult result = run({"info", path("plain")});
+    EXPECT_EQ(result.code, 3);
+    EXPECT_EQ(result.err.count('\n'), 1) << result.err.toStdString();
+    EXPECT_THAT(result.err.toStdString(), HasSubstr("Manifest.db-wal beside its Manifest.db; wait until"));
 }
 
 TEST_F(BackupDevice, AWrongPasswordIsSaidAtOnce)

@@ -150,6 +150,51 @@ TEST_F(UsbDeviceCommands, PairWhenAsked)
     EXPECT_EQ(run({"info", device.path(), "--pair"}).code, 2);
 }
 
+TEST_F(UsbDeviceCommands, LeaveAPairingThatWorksAsItIs)
+{
+    start(1);
+    phone->command("trust refused");
+    const RunResult result = run({"--pair", "info", "--json", "usb"});
+    EXPECT_EQ(result.code, 0) << result.err.toStdString();
+    EXPECT_EQ(result.err,
+              "photolib: " + deviceName().toUtf8() + " and this computer are paired already; nothing was changed\n");
+}
+
+TEST_F(UsbDeviceCommands, TellAPhoneThatLeavesFromALibraryThatCannotBeRead)
+{
+    start(5);
+    phone->failPath("/PhotoData/Photos.sqlite", 10);
+    const RunResult refused = run({"info", "usb"});
+    EXPECT_EQ(refused.code, 4) << refused.err.toStdString();
+    phone->clear();
+    for (const char *reading :
+         {"operation=FileRefOpen", "operation=FileRefRead", "operation=FileRefRead reply-bytes=700"}) {
+        phone->command(QByteArray("fault stall path=/PhotoData/Photos.sqlite ") + reading);
+        CommandProcess process;
+        process.startCommand({"info", "usb"});
+        phone->waitFor("stalled", 1);
+        phone->command("detach");
+        expectUnreachable(process.wait(), "/PhotoData/Photos.sqlite on the device cannot be ");
+        phone->clear();
+        phone->command("attach");
+    }
+    phone->command("fault stall times=always operation=FileRefRead");
+    expectUnreachable(run({"--timeout", "0.3", "info", "usb"}), "the device does not answer");
+}
+
+// What agreeing upon encryption leaves behind must not be taken down under it; when it is, that ends in a signal now
+// and then.
+TEST_F(UsbDeviceCommands, EndInOrderWhenEncryptionIsNotAgreedUponInTime)
+{
+    start(1, true);
+    for (int number = 1; number <= 2; ++number) { // of the session, and of the file service
+        phone->command("fault stall service=tls times=always at=" + QByteArray::number(number));
+        for (int round = 0; round < 5; ++round)
+            expectUnreachable(run({"--timeout", "0.3", "info", "usb"}), "the device does not answer");
+        phone->clear();
+    }
+}
+
 TEST_F(UsbDeviceCommands, GiveASilentPhoneUp)
 {
     start(1);
@@ -190,6 +235,7 @@ TEST_F(UsbDeviceCommands, ListThePhones)
     EXPECT_EQ("afc:" + listed.value("udid").toString(), deviceName());
     EXPECT_EQ(listed.value("name").toString(), "Simulated phone");
     EXPECT_EQ(listed.value("systemVersion").toString(), "16.7");
+    EXPECT_EQ(listed.value("connection").toString(), "usb");
     EXPECT_EQ(listed.value("lock").toString(), "locked");
     EXPECT_EQ(listed.value("trust").toString(), "trusted");
     const QByteArray table = run({"devices"}).out;
@@ -197,6 +243,22 @@ TEST_F(UsbDeviceCommands, ListThePhones)
     for (const QByteArray &part :
          {QByteArray("Simulated phone"), deviceName().toLatin1(), QByteArray("locked; unlock")})
         EXPECT_TRUE(table.contains(part)) << table.toStdString();
+}
+
+TEST_F(UsbDeviceCommands, FindAPhoneOnTheNetwork)
+{
+    device.addPhoto(QStringLiteral("IMG_0001.JPG"), 1000);
+    device.write();
+    testkit::SimulatedPhoneOptions options;
+    options.usb = false;
+    options.network = true;
+    phone = std::make_unique<SimulatedPhone>(device.path(), options);
+    phone->useHere();
+    EXPECT_EQ(dumped("usb"), dumped(device.path()));
+    EXPECT_EQ(dumped(deviceName()), dumped(device.path()));
+    const RunResult json = run({"devices", "--json"});
+    EXPECT_EQ(json.json().array().at(0).toObject().value("connection").toString(), "network");
+    EXPECT_TRUE(run({"devices"}).out.contains(" network "));
 }
 
 TEST_F(UsbDeviceCommands, ListNoPhones)

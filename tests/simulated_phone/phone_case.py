@@ -232,4 +232,4 @@ class PhoneCase(unittest.TestCase):
         return Afc(self.tls(connection) if reply["EnableServiceSSL"] else connection)
 
 
-__all__ = ["Afc", "Ended", "HOST_ID", "OTHER_UDID", "PhoneCase", "SYSTEM_BUID", "receive"]
+__all__ = ["Afc", "Ended", "HOST_ID", "Lockdown", "OTHER_UDID", "PhoneCase", "SYSTEM_BUID", "receive"]

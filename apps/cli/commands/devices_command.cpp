@@ -60,6 +60,17 @@ const LockName &nameOf(UsbDevice::Lock lock)
     return lockNames[0];
 }
 
+struct ConnectionName {
+    const char *word;
+    const char *text;
+};
+
+ConnectionName nameOf(UsbDevice::Connection connection)
+{
+    return connection == UsbDevice::Connection::Network ? ConnectionName{"network", "network"}
+                                                        : ConnectionName{"usb", "USB"};
+}
+
 QString orDash(const QString &text)
 {
     return text.isEmpty() ? QStringLiteral("-") : text;
@@ -73,6 +84,7 @@ void printTable(Output &out, const QList<UsbDevice> &devices)
                             QStringLiteral("afc:") + device.udid,
                             orDash(device.model),
                             orDash(device.systemVersion),
+                            QLatin1String(nameOf(device.connection).text),
                             QLatin1String(nameOf(device.lock).text),
                             QLatin1String(nameOf(device.trust).text)};
     TableWriter::print(out,
@@ -80,6 +92,7 @@ void printTable(Output &out, const QList<UsbDevice> &devices)
                         {QStringLiteral("DEVICE")},
                         {QStringLiteral("MODEL")},
                         {QStringLiteral("SYSTEM")},
+                        {QStringLiteral("CONNECTED")},
                         {QStringLiteral("LOCK")},
                         {QStringLiteral("TRUST")}},
                        rows);
@@ -97,6 +110,7 @@ void printJson(Output &out, const QList<UsbDevice> &devices)
         json.member("name", device.name);
         json.member("model", device.model);
         json.member("systemVersion", device.systemVersion);
+        json.member("connection", QString::fromLatin1(nameOf(device.connection).word));
         json.member("lock", QString::fromLatin1(nameOf(device.lock).word));
         json.member("trust", QString::fromLatin1(nameOf(device.trust).word));
         json.endObject();
@@ -129,7 +143,7 @@ ExitCode runDevices(const DevicesOptions &options)
 void addDevicesCommand(CLI::App &app, Action &action)
 {
     const auto options = std::make_shared<DevicesOptions>();
-    CLI::App *command = app.add_subcommand("devices", "List the devices on USB");
+    CLI::App *command = app.add_subcommand("devices", "List the devices on USB and on the network");
     addDeviceSearchOptions(*command, *options);
     addJsonOption(*command, *options);
     command->callback([options, &action] { action = [options] { return runDevices(*options); }; });

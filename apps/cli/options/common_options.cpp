@@ -21,8 +21,8 @@ constexpr const char *verboseHelp = "Show the log lines on standard error";
 constexpr const char *logFileHelp = "Append every log line to FILE (\"TAG LEVEL MESSAGE\")";
 constexpr const char *noProgressHelp = "Show no progress bar, also on a terminal";
 
-constexpr const char *pairHelp = "Forget a device on USB and pair with it anew before it is read";
-constexpr const char *timeoutHelp = "Give a device on USB up when it does not answer for SECONDS (30 unless given)";
+constexpr const char *pairHelp = "Pair with a connected device anew where the present pairing does not work";
+constexpr const char *timeoutHelp = "Give a connected device up when it does not answer for SECONDS (30 unless given)";
 constexpr double longestTimeout = 3600;
 
 std::string refusalOfTimeout(const std::string &text)
@@ -96,7 +96,7 @@ void addDeviceOptions(CLI::App &command, DeviceOptions &options)
     command
         .add_option("DEVICE", options.device,
                     "The device: a folder that holds its DCIM and PhotoData folders, or the folder of a backup; usb "
-                    "for the device on USB, or afc:UDID")
+                    "for the device on USB or on the network, or afc:UDID")
         ->required()
         ->type_name("");
     command.add_flag(pairName, options.pair, pairHelp);

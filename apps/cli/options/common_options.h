@@ -53,7 +53,7 @@ void addLogOptions(CLI::App &command, LogOptions &options);
 void addProgressOptions(CLI::App &command, ProgressOptions &options);
 void addDeviceOptions(CLI::App &command, DeviceOptions &options);
 
-/// For a subcommand that looks at devices on USB without reading any.
+/// For a subcommand that looks at connected devices without reading any.
 void addDeviceSearchOptions(CLI::App &command, DeviceOptions &options);
 void addJsonOption(CLI::App &command, FormatOptions &options);
 void addFormatOptions(CLI::App &command, FormatOptions &options);

@@ -219,6 +219,92 @@ TEST_F(BackupTest, AFileThatIsListedAndMissingIsAnIncompleteBackup)
     }
 }
 
+TEST_F(BackupTest, AFileThatIsNotAsLongAsItsRecordSaysIsNotRead)
+{
+    for (const bool encrypted : {false, true}) {
+        BackupBuilder builder = made("b", encrypted ? encryptedOptions() : BackupOptions());
+        for (const int bytes : {0, 1, 15, 16, 17, 4096})
+            builder.addFile("/" + QByteArray::number(bytes), content().left(bytes));
+        builder.write();
+        DeviceHost host(nameOf(path("b")));
+        ASSERT_EQ(host.unlock(password).status, Unlocking::Unlocked);
+        const Device device = open(path("b"));
+        const int unit = encrypted ? 16 : 1;
+        for (const int bytes : {0, 1, 15, 16, 17, 4096}) {
+            SCOPED_TRACE(bytes);
+            const QByteArray name = "/" + QByteArray::number(bytes);
+            const QString stored = path("b") + QLatin1Char('/') + BackupBuilder::storedName(name);
+            const QByteArray before = contentOf(stored);
+            EXPECT_EQ(readFrom(device.get(), name.constData()), content().left(bytes));
+            writeFile(stored, before + QByteArray(unit, 'x'));
+            EXPECT_EQ(vFileOpen(device.get(), name.constData(), 0), nullptr);
+            EXPECT_THAT(devicehost::lastOpenError().text.toStdString(),
+                        HasSubstr("holds more than the " + std::to_string(bytes) + " bytes that its Manifest.db"));
+            EXPECT_THAT(devicehost::lastOpenError().advice.toStdString(), HasSubstr("make a new backup"));
+            // Padding fills up to a block, or is one: a block less is too short only where it held content.
+            const int less = before.size() - unit;
+            if (less < 0 || (encrypted && bytes <= less))
+                continue;
+            writeFile(stored, before.left(less));
+            EXPECT_EQ(vFileOpen(device.get(), name.constData(), 0), nullptr);
+            EXPECT_THAT(devicehost::lastOpenError().text.toStdString(), HasSubstr("the backup is incomplete"));
+        }
+    }
+}
+
+TEST_F(BackupTest, ABackupThatIsBeingWrittenIsNotRead)
+{
+    for (const bool encrypted : {false, true}) {
+        for (const char *name : {"b/Manifest.db-wal", "b/Manifest.db-journal"}) {
+            made("b", encrypted ? encryptedOptions() : BackupOptions());
+            DeviceHost host(nameOf(path("b")));
+            ASSERT_EQ(host.unlock(password).status, Unlocking::Unlocked);
+            ASSERT_TRUE(host.isAvailable());
+            writeFile(path(name), "");
+            EXPECT_TRUE(host.isAvailable()); // nothing is in it
+            writeFile(path(name), "changes");
+            EXPECT_FALSE(host.isAvailable());
+            EXPECT_THAT(host.failure().toStdString(), HasSubstr("the backup is being written, or was not finished: "));
+            EXPECT_THAT(host.failure().toStdString(), HasSubstr("; wait until the backup is finished, or make a new"));
+            {
+                DeviceHost later(nameOf(path("b")));
+                const devicehost::UnlockResult unlocked = later.unlock(password);
+                EXPECT_EQ(unlocked.status == Unlocking::Unlocked, !encrypted);
+                EXPECT_EQ(unlocked.message.contains(QStringLiteral("wait until the backup is finished")), encrypted);
+                EXPECT_FALSE(later.isAvailable());
+            }
+            ASSERT_TRUE(QFile::remove(path(name)));
+            ASSERT_EQ(::symlink("../nowhere", path(name).toUtf8().constData()), 0);
+            EXPECT_FALSE(host.isAvailable());
+            ASSERT_TRUE(QFile::remove(path(name)));
+            EXPECT_TRUE(host.isAvailable());
+        }
+    }
+}
+
+TEST_F(BackupTest, AnInterruptedBackupIsReadAndCalledSo)
+{
+    BackupOptions options;
+    options.snapshotState = "uploading";
+    made("partial", options);
+    made("whole");
+    DeviceHost whole(nameOf(path("whole")));
+    DeviceHost partial(nameOf(path("partial")));
+    EXPECT_EQ(partial.notice(), QString()); // nobody knows before it was opened
+    EXPECT_TRUE(whole.isAvailable());
+    EXPECT_TRUE(partial.isAvailable());
+    EXPECT_EQ(whole.notice(), QString());
+    EXPECT_THAT(partial.notice().toStdString(), HasSubstr("the backup was interrupted before its end"));
+    EXPECT_THAT(partial.notice().toStdString(), HasSubstr("; make a new backup"));
+}
+
+TEST_F(BackupTest, AManifestLargerThanAnyIsRefusedWithAdvice)
+{
+    made("plain");
+    ASSERT_TRUE(QFile::resize(path("plain/Manifest.db"), (1LL << 30) + 1)); // a hole: no room is taken
+    EXPECT_THAT(failureOf(path("plain")), HasSubstr("it is larger than that of any backup; make a new backup of the"));
+}
+
 TEST_F(BackupTest, AFileThatShrinksWhileItIsReadIsAnError)
 {
     made("locked", encryptedOptions());

@@ -54,6 +54,19 @@ TEST(AfcErrors, PeopleAreToldWhatToDo)
     EXPECT_TRUE(isAbsence(explain(ErrorSource::Service, 8)));
 }
 
+TEST(AfcErrors, AFileThatIsRefusedIsNotADeviceThatIsGone)
+{
+    for (const int number : {1, 4, 8, 9, 10, 12, 77})
+        EXPECT_FALSE(explain(ErrorSource::Service, number).deviceUnreachable) << number;
+    for (const ClientError error : {Stopped, BadFileInfo, EndedEarly, Changed, LeadsOut})
+        EXPECT_FALSE(explain(ErrorSource::Client, error).deviceUnreachable) << error;
+    for (const ClientError error : {TimedOut, Disconnected})
+        EXPECT_TRUE(explain(ErrorSource::Client, error).deviceUnreachable) << error;
+    EXPECT_TRUE(explain(ErrorSource::Service, 30).deviceUnreachable);
+    EXPECT_TRUE(explain(ErrorSource::Lockdown, -17).deviceUnreachable);
+    EXPECT_TRUE(explain(ErrorSource::Link, -99).deviceUnreachable);
+}
+
 TEST(AfcErrors, AnUnknownNumberIsShown)
 {
     EXPECT_EQ(explain(ErrorSource::Service, 77).text, "the device reports error 77 (file service)");

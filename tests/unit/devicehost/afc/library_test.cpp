@@ -144,8 +144,8 @@ TEST_F(LibraryOverABreakingPhone, APhoneThatIsUnpluggedIsAFailureThatIsSaid)
         if (cut < files["/PhotoData/Photos.sqlite"].size()) {
             EXPECT_TRUE(result.failure.startsWith(QStringLiteral("/PhotoData/Photos.sqlite on the device cannot be ")))
                 << result.failure.toStdString();
-            EXPECT_TRUE(result.failure.endsWith(
-                QStringLiteral(": the device is not connected; connect it with a cable, unlock it and try again")))
+            EXPECT_TRUE(result.failure.endsWith(QStringLiteral(
+                ": the device is not connected; connect it with a cable or over the network, unlock it and try again")))
                 << result.failure.toStdString();
         }
         EXPECT_EQ(phone.openConnections, 0);

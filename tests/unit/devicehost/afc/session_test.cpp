@@ -2,6 +2,7 @@
 #include "phone_reading.h"
 #include "socket_phone.h"
 
+#include "devicehost/afc/errors.h"
 #include "devicehost/afc/lane.h"
 
 #include <gtest/gtest.h>
@@ -102,6 +103,66 @@ TEST(AfcSession, ARequestToStopEndsEverythingBeforeItBegins)
     EXPECT_EQ(phone.operations.size(), before);
     EXPECT_EQ(phone.connections, 1);
     EXPECT_EQ(phone.openConnections, 0);
+}
+
+namespace
+{
+
+/// A phone to which no connection can be made.
+class NoPhone final : public Connector
+{
+public:
+    NoPhone(ErrorSource reasonSource, qint64 reasonCode, int *counter)
+        : source(reasonSource), code(reasonCode), attempts(counter)
+    {
+    }
+
+    std::unique_ptr<Transport> connect(std::chrono::milliseconds, const std::function<bool()> &,
+                                       devicehost::VError *error) override
+    {
+        ++*attempts;
+        *error = explain(source, code);
+        return nullptr;
+    }
+
+private:
+    const ErrorSource source;
+    const qint64 code;
+    int *const attempts;
+};
+
+/// How often a connection is tried when the device is opened a hundred times.
+int attemptsOfAHundred(ErrorSource source, qint64 code, std::chrono::milliseconds rest)
+{
+    int attempts = 0;
+    const auto session = std::make_shared<Session>(
+        std::make_unique<NoPhone>(source, code, &attempts), std::chrono::hours(1), [] { return false; }, rest);
+    for (int round = 0; round < 100; ++round) {
+        devicehost::VError error;
+        EXPECT_EQ(openDevice(session, &error), nullptr);
+        EXPECT_EQ(error.text, explain(source, code).text);
+        EXPECT_EQ(error.advice, explain(source, code).advice);
+    }
+    return attempts;
+}
+
+} // namespace
+
+TEST(AfcSession, ASilentDeviceCostsOneTimeOutAndIsThenLeftAloneForAWhile)
+{
+    EXPECT_EQ(attemptsOfAHundred(ErrorSource::Client, TimedOut, std::chrono::hours(1)), 1);
+    EXPECT_EQ(attemptsOfAHundred(ErrorSource::Link, -7, std::chrono::hours(1)), 1);
+}
+
+TEST(AfcSession, ADeviceIsTriedAgainWhenItsRestIsOver)
+{
+    EXPECT_EQ(attemptsOfAHundred(ErrorSource::Client, TimedOut, std::chrono::milliseconds(0)), 100);
+}
+
+TEST(AfcSession, AfterOtherFailuresADeviceIsTriedAgainAtOnce)
+{
+    EXPECT_EQ(attemptsOfAHundred(ErrorSource::Link, -3, std::chrono::hours(1)), 100);
+    EXPECT_EQ(attemptsOfAHundred(ErrorSource::Lockdown, -17, std::chrono::hours(1)), 100);
 }
 
 // Were a waiting operation not ended, the following tests would not end either.

@@ -1,5 +1,6 @@
 // Whether a phone can be opened, and what people are told when it cannot.
 
+#include "silent_daemon.h"
 #include "usb_phone_test.h"
 
 #include "devicehost/device_host.h"
@@ -125,6 +126,44 @@ TEST_F(UsbOpening, APhoneThatForgotThisComputerIsPairedWithAnew)
     EXPECT_EQ(failure(), "");
 }
 
+// Were it forgotten first, its owner would have to agree, who refuses here.
+TEST_F(UsbOpening, APairingThatWorksIsLeftAsItIs)
+{
+    for (const bool tls : {false, true}) {
+        startPhone(tls ? encrypted() : SimulatedPhoneOptions());
+        phone->command("trust refused");
+        bool wasPaired = false;
+        EXPECT_EQ(devicehost::pairUsbDevice(QString::fromUtf8(udid()), &wasPaired), QString());
+        EXPECT_TRUE(wasPaired);
+        EXPECT_EQ(failure(), "");
+    }
+}
+
+TEST_F(UsbOpening, APairingOfWhichNothingIsKnownIsLeftAsItIs)
+{
+    startPhone();
+    phone->command("trust refused");
+    bool wasPaired = true;
+    phone->command("lock sessions");
+    EXPECT_THAT(devicehost::pairUsbDevice(QString::fromUtf8(udid()), &wasPaired).toStdString(),
+                HasSubstr("the device is locked; unlock it"));
+    EXPECT_FALSE(wasPaired);
+    phone->command("unlock");
+    phone->command("fault cut service=lockdown operation=StartSession");
+    EXPECT_NE(devicehost::pairUsbDevice(QString::fromUtf8(udid()), &wasPaired), QString());
+    EXPECT_FALSE(wasPaired);
+    EXPECT_EQ(failure(), "");
+}
+
+TEST_F(UsbOpening, ANewPairingIsNoneThatWasThere)
+{
+    startPhone();
+    phone->command("forget");
+    bool wasPaired = true;
+    EXPECT_EQ(devicehost::pairUsbDevice(QString::fromUtf8(udid()), &wasPaired), QString());
+    EXPECT_FALSE(wasPaired);
+}
+
 TEST_F(UsbOpening, AnEncryptedPhoneThatForgotIsPairedWithAnew)
 {
     startPhone(encrypted());
@@ -163,6 +202,19 @@ TEST_F(UsbOpening, WithoutADaemonNobodyCanBeAsked)
     EXPECT_THAT(failure(), HasSubstr("not connected"));
     EXPECT_THAT(devicehost::listUsbDevices().failure.toStdString(), HasSubstr("usbmuxd"));
     EXPECT_THAT(devicehost::resolveDevice(QStringLiteral("usb")).message.toStdString(), HasSubstr("usbmuxd"));
+}
+
+TEST_F(UsbOpening, ADaemonThatDoesNotAnswerIsGivenUp)
+{
+    SilentDaemon daemon(media.path());
+    devicehost::setUsbTimeout(std::chrono::milliseconds(50));
+    EXPECT_THAT(devicehost::listUsbDevices().failure.toStdString(),
+                HasSubstr("usbmuxd, which finds devices, does not"));
+    const devicehost::ResolvedDevice device = devicehost::resolveDevice(QStringLiteral("usb"));
+    EXPECT_EQ(device.status, DeviceStatus::Unreachable);
+    EXPECT_THAT(device.message.toStdString(), HasSubstr("does not answer; try again"));
+    EXPECT_THAT(failure(), HasSubstr("does not answer"));
+    EXPECT_TRUE(devicehost::usbCallWasLeftBehind());
 }
 
 TEST_F(UsbOpening, ACutAtAnyStepOfTheWayIsAnErrorOrMended)

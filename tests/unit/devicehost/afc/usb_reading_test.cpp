@@ -77,7 +77,8 @@ TEST_P(UsbReadingBothWays, APhoneThatLeavesWhileItIsReadIsSaidToBeGone)
     EXPECT_LT(vFileRead(file.get(), buffer, 1000), 0);
     EXPECT_EQ(vFileOpen(device.get(), "/a", 0), nullptr);
     EXPECT_EQ(devicehost::lastOpenError().text, "the device is not connected");
-    EXPECT_EQ(devicehost::lastOpenError().advice, "connect it with a cable, unlock it and try again");
+    EXPECT_EQ(devicehost::lastOpenError().advice,
+              "connect it with a cable or over the network, unlock it and try again");
     EXPECT_FALSE(host.isAvailable());
     phone->command("attach");
     EXPECT_TRUE(host.isAvailable());
