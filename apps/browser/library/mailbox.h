@@ -4,13 +4,14 @@
 #include <QObject>
 
 #include <functional>
+#include <memory>
 #include <mutex>
 
 namespace browser
 {
 
 /// The way from other threads to an object that may be gone before they are. Both sides share it.
-class Mailbox
+class Mailbox : public std::enable_shared_from_this<Mailbox>
 {
 public:
     explicit Mailbox(QObject *addressee) : receiver(addressee) {}
@@ -20,11 +21,13 @@ public:
     /// Has `letter` run on the receiver's thread, soon. False, and nothing happens, once the box is closed. Any thread.
     bool post(std::function<void()> letter);
 
-    /// The receiver's destructor calls this; letters that have not run by then never do.
+    /// The receiver calls this, in its destructor at the latest; letters that have not run by then never do.
     void close();
 
 private:
-    std::mutex mutex;
+    bool isOpen() const;
+
+    mutable std::mutex mutex;
     QObject *receiver;
 };
 

@@ -18,6 +18,11 @@ using Stage = OpeningProgress::Stage;
 namespace
 {
 
+void postProgress(Mailbox &mailbox, Opener *receiver, const OpeningProgress &progress)
+{
+    mailbox.post([receiver, progress] { Q_EMIT receiver->progressed(progress); });
+}
+
 // Where nobody takes it, the library is not freed on the user-interface thread.
 struct Delivery {
     Opened content;
@@ -63,11 +68,9 @@ void OpeningAttempt::wipePassword()
     password.clear();
 }
 
-void OpeningAttempt::tell(Stage stage, qint64 bytesRead, qint64 totalBytes)
+void OpeningAttempt::tell(Stage stage)
 {
-    mailbox->post([receiver = opener, progress = OpeningProgress{stage, bytesRead, totalBytes}] {
-        Q_EMIT receiver->progressed(progress);
-    });
+    postProgress(*mailbox, opener, OpeningProgress{stage});
 }
 
 void OpeningAttempt::fail(FailureKind kind, const QString &technical)
@@ -133,16 +136,14 @@ void OpeningAttempt::explain(const devicehost::ResolvedDevice &resolved)
     fail(kind, resolved.message);
 }
 
-void OpeningAttempt::failUnlessStopped(const QString &fallback)
+void OpeningAttempt::failUnlessStopped(FailureKind otherwise, const QString &fallback)
 {
     if (stopped.load())
         return;
     const QString reason = host->failure();
     FailureKind kind = kindOfHostFailure(reason);
-    if (kind == FailureKind::Other && !host->isAvailable())
-        kind = FailureKind::Disconnected;
-    else if (kind == FailureKind::Other && !host->databaseDamage().isEmpty())
-        kind = FailureKind::Damaged;
+    if (kind == FailureKind::Other)
+        kind = host->isAvailable() ? otherwise : FailureKind::Disconnected;
     fail(kind, reason.isEmpty() ? fallback : reason);
 }
 
@@ -174,18 +175,13 @@ OpeningAttempt::Manager OpeningAttempt::openManager()
 {
     Manager manager(getPhotolib(host.get()));
     if (!manager) {
-        failUnlessStopped(QStringLiteral("the device cannot be reached"));
+        failUnlessStopped(FailureKind::Other, QStringLiteral("the device cannot be reached"));
         return nullptr;
     }
-    host->setProgress([this](const devicehost::Progress &progress) {
-        const bool isDone = progress.totalBytes >= 0 && progress.bytesRead >= progress.totalBytes;
-        tell(isDone ? Stage::Sorting : Stage::Reading, progress.bytesRead, progress.totalBytes);
-    });
     const bool isOpen = manager->openLibrary();
-    host->setProgress({});
     if (isOpen && !stopped.load())
         return manager;
-    failUnlessStopped(QStringLiteral("the photo library cannot be read"));
+    failUnlessStopped(FailureKind::Damaged, QStringLiteral("the photo library cannot be read"));
     return nullptr;
 }
 
@@ -203,15 +199,25 @@ Opened OpeningAttempt::conditionOf(photo_manager_int &manager, bool lacksTables)
     return result;
 }
 
+// The callback stays: another window's reads of the same device may find it at any time from now on.
+void OpeningAttempt::makeHost()
+{
+    auto made = std::make_unique<devicehost::DeviceHost>(device);
+    made->setProgress([box = mailbox, receiver = opener](const devicehost::Progress &progress) {
+        const bool isDone = progress.totalBytes >= 0 && progress.bytesRead >= progress.totalBytes;
+        postProgress(*box, receiver,
+                     {isDone ? Stage::Sorting : Stage::Reading, progress.bytesRead, progress.totalBytes});
+    });
+    const std::lock_guard<std::mutex> lock(mutex);
+    host = std::move(made);
+    if (stopped.load())
+        host->requestStop();
+}
+
 void OpeningAttempt::open()
 {
-    if (!host) {
-        auto made = std::make_unique<devicehost::DeviceHost>(device);
-        const std::lock_guard<std::mutex> lock(mutex);
-        host = std::move(made);
-        if (stopped.load())
-            host->requestStop();
-    }
+    if (!host)
+        makeHost();
     tell(Stage::Connecting);
     if (!unlock())
         return;
@@ -221,7 +227,7 @@ void OpeningAttempt::open()
         return;
     Opened result = conditionOf(*manager, notes.lacksTables());
     if (result.shortcoming == Shortcoming::ReadInPart && manager->getPhotoCount() == 0 && manager->getAlbumCount() == 0)
-        return fail(FailureKind::Damaged, result.technical);
+        return failUnlessStopped(FailureKind::Damaged, result.technical);
     deliver(std::move(manager), std::move(result));
 }
 
@@ -240,8 +246,7 @@ void OpeningAttempt::deliver(Manager manager, Opened result)
     result.library = std::make_shared<OpenedLibrary>(std::move(opened), manager.release(), std::move(snapshot));
     const auto delivery = std::make_shared<Delivery>();
     delivery->content = std::move(result);
-    mailbox->post(
-        [receiver = opener, delivery] { Q_EMIT receiver->opened(std::exchange(delivery->content, Opened())); });
+    mailbox->post([receiver = opener, delivery] { Q_EMIT receiver->opened(delivery->content); });
 }
 
 } // namespace browser

@@ -46,11 +46,12 @@ private:
     };
     using Manager = std::unique_ptr<photo_manager_int, Releaser>;
 
-    void tell(OpeningProgress::Stage stage, qint64 bytesRead = 0, qint64 totalBytes = -1);
+    void tell(OpeningProgress::Stage stage);
     QString pathOfArgument() const;
     void fail(FailureKind kind, const QString &technical);
-    void failUnlessStopped(const QString &fallback);
+    void failUnlessStopped(FailureKind otherwise, const QString &fallback);
     void explain(const devicehost::ResolvedDevice &resolved);
+    void makeHost();
     bool unlock();
     Manager openManager();
     Opened conditionOf(photo_manager_int &manager, bool lacksTables);
