@@ -7,6 +7,7 @@
 #include "apps/browser/page/library_page.h"
 #include "apps/browser/viewer/viewer.h"
 #include "testing/backup_builder.h"
+#include "testing/library_builder.h"
 #include "tests/cli/sample/sample_folder.h"
 
 #include <QAction>
@@ -163,7 +164,6 @@ TEST_F(WindowTest, ListsTheBackupsOfAFolderThatHoldsSeveral)
         testkit::BackupBuilder(place.filePath(QStringLiteral("backups/") + QLatin1String(name))).write();
     MainWindow *const window = openWindow();
     window->openDevice(place.filePath(QStringLiteral("backups")));
-    auto *const list = shown<QListView>(window, "deviceList");
     EXPECT_TRUE(comesTrueSoon([&] {
         auto *const now = shown<QListView>(window, "deviceList");
         return now != nullptr && now->model()
@@ -172,7 +172,6 @@ TEST_F(WindowTest, ListsTheBackupsOfAFolderThatHoldsSeveral)
                                          .size() == 2;
     }));
     EXPECT_FALSE(textOf(window, "statusText").isEmpty());
-    static_cast<void>(list);
 }
 
 TEST_F(WindowTest, StaysUsableWhenTheDeviceGoesAndOpensItAgain)
@@ -194,7 +193,6 @@ TEST_F(WindowTest, StaysUsableWhenTheDeviceGoesAndOpensItAgain)
     ASSERT_TRUE(QDir().rename(root + QStringLiteral(".away"), root));
     ASSERT_TRUE(press(window, "noticeButton"));
     EXPECT_TRUE(comesTrueSoon([&] { return shown<QWidget>(window, "noticeBar") == nullptr; }));
-    EXPECT_NE(shown<browser::LibraryPage>(window, "") != nullptr || window->findChild<browser::LibraryPage *>(), nullptr);
 }
 
 TEST_F(WindowTest, SaysNothingWhenOnlyAPhotoCannotBeRead)
@@ -244,20 +242,22 @@ TEST_F(WindowTest, ComesToTheFrontInsteadOfOpeningADeviceTwice)
 TEST_F(WindowTest, GivesADeviceThatIsTakenToTheWindowThatHasIt)
 {
     openSample();
-    const QPointer<MainWindow> second = openWindow();
+    MainWindow *const second = openWindow();
+    const QPointer<MainWindow> watched = second;
     second->closeWhenTaken();
     second->openDevice(sample->root());
-    EXPECT_TRUE(comesTrueSoon([&] { return second.isNull(); }));
+    EXPECT_TRUE(comesTrueSoon([&] { return watched.isNull(); }));
 }
 
 TEST_F(WindowTest, CanBeClosedWhileItOpens)
 {
     for (int pass = 0; pass < 10; ++pass) {
-        const QPointer<MainWindow> window = openWindow();
+        MainWindow *const window = openWindow();
+        const QPointer<MainWindow> watched = window;
         window->openDevice(sample->root());
         QTest::qWait(pass);
         window->close();
-        ASSERT_TRUE(comesTrueSoon([&] { return window.isNull(); }));
+        ASSERT_TRUE(comesTrueSoon([&] { return watched.isNull(); }));
     }
 }
 
@@ -296,9 +296,10 @@ TEST_F(WindowTest, EveryWidgetThatTakesTheFocusHasAName)
                            qobject_cast<const QLineEdit *>(widget) != nullptr ||
                            qobject_cast<const QAbstractItemView *>(widget) != nullptr;
         const bool isInner = widget->objectName().startsWith(QStringLiteral("qt_"));
-        if (isOwn && !isInner && (widget->focusPolicy() & Qt::TabFocus) != 0)
-            EXPECT_FALSE(nameOf(widget).isEmpty())
-                << widget->metaObject()->className() << ' ' << widget->objectName().toStdString();
+        if (!isOwn || isInner || widget->isHidden() || (widget->focusPolicy() & Qt::TabFocus) == 0)
+            continue;
+        EXPECT_FALSE(nameOf(widget).isEmpty())
+            << widget->metaObject()->className() << ' ' << widget->objectName().toStdString();
     }
 }
 
