@@ -44,6 +44,21 @@ compress(docs/man/photolib.1 photolib.1.gz)
 install(FILES ${PROJECT_BINARY_DIR}/photolib.1.gz DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT command)
 install(FILES LICENSE RENAME copyright DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT command)
 
+if(PHOTOLIB_BROWSER)
+    compress(docs/man/photolib-browser.1 photolib-browser.1.gz)
+    install(FILES ${PROJECT_BINARY_DIR}/photolib-browser.1.gz
+        DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT browser)
+    set(desktop_folder ${PROJECT_SOURCE_DIR}/apps/browser/desktop)
+    install(FILES ${desktop_folder}/photolib-browser.desktop
+        DESTINATION ${CMAKE_INSTALL_DATADIR}/applications COMPONENT browser)
+    install(FILES ${desktop_folder}/photolib-browser.metainfo.xml RENAME io.photolib.browser.metainfo.xml
+        DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo COMPONENT browser)
+    install(FILES ${desktop_folder}/photolib-browser.svg
+        DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps COMPONENT browser)
+    install(FILES ${desktop_folder}/photolib-browser.png
+        DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/128x128/apps COMPONENT browser)
+endif()
+
 # Debian's zsh reads the completions of its packages from a folder of their own.
 set(zsh_folder site-functions)
 if(CMAKE_INSTALL_PREFIX STREQUAL "/usr" AND EXISTS /etc/debian_version)

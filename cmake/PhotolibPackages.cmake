@@ -2,6 +2,7 @@
 #   libphotolib0     the library, named after its soname
 #   libphotolib-dev  headers, the reference host, what CMake and pkg-config need, the examples
 #   photolib         the command, its man page and completions
+#   photolib-browser the desktop browser, where it is built
 
 set(debian_revision 1)
 set(debian_version ${PROJECT_VERSION}-${debian_revision})
@@ -9,6 +10,11 @@ set(library_package libphotolib${PROJECT_VERSION_MAJOR})
 set(packages_library ${library_package})
 set(packages_development libphotolib-dev)
 set(packages_command photolib)
+set(components library development command)
+if(PHOTOLIB_BROWSER)
+    set(packages_browser photolib-browser)
+    list(APPEND components browser)
+endif()
 
 file(STRINGS packaging/debian/changelog newest LIMIT_COUNT 1)
 if(NOT newest MATCHES "^photolib \\(${debian_version}\\) ")
@@ -19,7 +25,7 @@ compress(packaging/debian/changelog changelog.Debian.gz)
 compress(CHANGELOG.md changelog.gz)
 
 # What only a package has, in a folder of its own for each.
-foreach(component library development command)
+foreach(component IN LISTS components)
     set(doc_folder ${CMAKE_INSTALL_DATADIR}/doc/${packages_${component}})
     install(FILES ${PROJECT_BINARY_DIR}/changelog.Debian.gz ${PROJECT_BINARY_DIR}/changelog.gz
         DESTINATION ${doc_folder} COMPONENT ${component} EXCLUDE_FROM_ALL)
@@ -38,7 +44,7 @@ set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_STRIP_FILES ON)
 set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS OWNER_READ OWNER_WRITE OWNER_EXECUTE
     GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
-set(CPACK_COMPONENTS_ALL library development command)
+set(CPACK_COMPONENTS_ALL ${components})
 set(CPACK_DEB_COMPONENT_INSTALL ON)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_SOURCE photolib)
@@ -85,5 +91,18 @@ endif()
 set(CPACK_COMPONENT_COMMAND_DESCRIPTION "command that shows the photo library of an iOS device
 Lists the photos, albums and groups of a device's media folder, for people as
 tables and for programs as JSON and CSV. Nothing is written to the device.")
+
+set(CPACK_DEBIAN_BROWSER_PACKAGE_NAME photolib-browser)
+set(CPACK_DEBIAN_BROWSER_PACKAGE_SECTION graphics)
+set(CPACK_DEBIAN_BROWSER_PACKAGE_DEPENDS "${library_package} (= ${debian_version})")
+# More kinds of pictures, and Qt's own texts in other languages.
+set(CPACK_DEBIAN_BROWSER_PACKAGE_RECOMMENDS "qt5-image-formats-plugins, qttranslations5-l10n, libqt5svg5")
+if(PHOTOLIB_AFC)
+    string(APPEND CPACK_DEBIAN_BROWSER_PACKAGE_RECOMMENDS ", usbmuxd")
+endif()
+set(CPACK_COMPONENT_BROWSER_DESCRIPTION "desktop browser for the photo library of an iOS device
+Shows the albums, people, places and photos of a phone on the cable, of a
+folder or of a backup, and exports what is selected. Nothing is written to the
+device.")
 
 include(CPack)

@@ -41,7 +41,7 @@ make_packages() {
     for package in "${packages[@]}"; do
         names+=("$(dpkg-deb --field "$package" Package)")
     done
-    [ "${names[*]}" = "libphotolib-dev libphotolib0 photolib" ] || fail "packages came out as ${names[*]}"
+    [ "${names[*]}" = "libphotolib-dev libphotolib0 photolib photolib-browser" ] || fail "packages came out as ${names[*]}"
 }
 
 check_dependencies() {
@@ -71,6 +71,16 @@ check_command() {
     photolib sample "$device" >/dev/null
     photolib info "$device" >/dev/null
     group_count=$(photolib groups "$device" --json | grep -c '"assetIds"')
+}
+
+# A window of its own needs no screen here; that it stays open is enough.
+check_browser() {
+    local status=0
+    LD_LIBRARY_PATH=$(dirname "$library") "$root/usr/bin/photolib-browser" --version
+    LD_LIBRARY_PATH=$(dirname "$library") QT_QPA_PLATFORM=offscreen HOME=$scratch XDG_RUNTIME_DIR=$scratch \
+        timeout 5 "$root/usr/bin/photolib-browser" "$device" 2>"$scratch/browser.log" || status=$?
+    [ "$status" -eq 124 ] || fail "the browser ended with $status: $(cat "$scratch/browser.log")"
+    scripts/check-desktop.sh "$root/usr/share"
 }
 
 # The examples are those of the package, so nothing of this checkout can help them.
@@ -132,6 +142,7 @@ make_packages
 check_dependencies
 install_packages
 check_command
+check_browser
 check_examples
 check_removal
 echo "the packages install, work and leave nothing behind"

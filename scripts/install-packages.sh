@@ -8,9 +8,10 @@ build=(g++ cmake ninja-build pkg-config ca-certificates
     libgif-dev libheif-dev qttools5-dev qttools5-dev-tools)
 package=("${build[@]}" dpkg-dev file)
 test=("${build[@]}" libgtest-dev libgmock-dev sqlite3 binutils python3 openssl util-linux
-    libimobiledevice-utils)
+    libimobiledevice-utils fonts-dejavu-core qt5-image-formats-plugins)
 check=("${test[@]}" clang-format clang-tidy shellcheck git strace abigail-tools doxygen
-    "${package[@]}" fakeroot fish mandoc zsh libbenchmark-dev valgrind)
+    "${package[@]}" fakeroot fish mandoc zsh libbenchmark-dev valgrind
+    appstream desktop-file-utils xvfb xauth fonts-noto-cjk)
 # clang's own version of Debian; the runtime library holds the fuzzer, llvm the tool that names the lines of a crash.
 fuzz=("${test[@]}" clang libclang-rt-14-dev llvm)
 # Other programs for the same work, to compare with.

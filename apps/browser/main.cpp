@@ -1,3 +1,4 @@
+#include "apps/browser/window/program.h"
 #include "devicehost/device_host.h"
 
 #include <QApplication>
@@ -5,6 +6,11 @@
 int main(int argc, char **argv)
 {
     devicehost::watchDatabaseErrors();
-    const QApplication application(argc, argv);
-    return QApplication::exec();
+    if (browser::printedHelp(argc, argv))
+        return 0;
+    QApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
+    QApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
+    QApplication application(argc, argv);
+    browser::setUpApplication(application);
+    return browser::runProgram(application);
 }

@@ -1,0 +1,112 @@
+#include "apps/browser/window/program.h"
+
+#include "apps/browser/library/background.h"
+#include "apps/browser/library/opened_library.h"
+#include "apps/browser/window/command_line.h"
+#include "apps/browser/window/main_window.h"
+#include "apps/browser/window/translations.h"
+#include "apps/browser/window/window_keeper.h"
+
+#include <QApplication>
+#include <QIcon>
+
+#include <chrono>
+#include <cstdio>
+#include <cstdlib>
+
+namespace browser
+{
+
+namespace
+{
+
+enum ExitCode { ExitOk = 0, ExitUsage = 2 };
+
+constexpr std::chrono::seconds patience{3}; ///< at the end, with calls that hang on a device
+
+void setNames()
+{
+    QCoreApplication::setOrganizationName(QStringLiteral("photolib"));
+    QCoreApplication::setApplicationName(QStringLiteral("photolib-browser"));
+    QCoreApplication::setApplicationVersion(QStringLiteral(PHOTOLIB_VERSION));
+}
+
+void print(FILE *stream, const QString &text)
+{
+    std::fputs(text.toLocal8Bit().constData(), stream);
+}
+
+int failUsage(const QString &message)
+{
+    print(stderr, QStringLiteral("photolib-browser: %1\n").arg(message));
+    return ExitUsage;
+}
+
+// What still runs hangs on a device, and the local copies that it leaves are removed by the next program that makes one.
+int finish(int status)
+{
+    if (!waitForBackground(patience))
+        std::_Exit(status);
+    waitForRetired();
+    return status;
+}
+
+int showWindows(const CommandLine &wanted, const QByteArray &password)
+{
+    int status = ExitOk;
+    {
+        WindowKeeper keeper;
+        MainWindow *const window = keeper.open();
+        if (!wanted.device.isEmpty()) {
+            window->setPassword(password);
+            window->closeWhenTaken();
+            window->openDevice(wanted.device);
+        }
+        status = QApplication::exec();
+    }
+    return finish(status);
+}
+
+} // namespace
+
+void setUpApplication(QApplication &application)
+{
+    setNames();
+    QGuiApplication::setDesktopFileName(QStringLiteral("photolib-browser"));
+    const QIcon own(QStringLiteral(":/desktop/photolib-browser.png"));
+    QApplication::setWindowIcon(QIcon::fromTheme(QStringLiteral("photolib-browser"), own));
+    installTranslations(application);
+}
+
+bool printedHelp(int argc, char **argv)
+{
+    bool asked = false;
+    for (int number = 1; number < argc; ++number)
+        for (const char *const name : {"-h", "--help", "--version"})
+            asked = asked || qstrcmp(argv[number], name) == 0;
+    if (!asked)
+        return false;
+    setNames();
+    QCoreApplication application(argc, argv);
+    installTranslations(application);
+    const CommandLine line = parseCommandLine(QCoreApplication::arguments());
+    if (line.wish == CommandLine::Wish::Help)
+        print(stdout, line.message);
+    else if (line.wish == CommandLine::Wish::Version)
+        print(stdout, QStringLiteral("photolib-browser %1\n").arg(QCoreApplication::applicationVersion()));
+    return line.wish == CommandLine::Wish::Help || line.wish == CommandLine::Wish::Version;
+}
+
+int runProgram(QApplication &)
+{
+    const CommandLine line = parseCommandLine(QCoreApplication::arguments());
+    if (line.wish == CommandLine::Wish::Wrong)
+        return failUsage(line.message);
+    QByteArray password;
+    QString error;
+    if (!line.passwordFile.isEmpty() && !readPasswordFile(line.passwordFile, &password, &error))
+        return failUsage(error);
+    return showWindows(line, password);
+}
+
+} // namespace browser
