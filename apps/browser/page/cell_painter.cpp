@@ -1,5 +1,6 @@
 #include "apps/browser/page/cell_painter.h"
 
+#include "apps/browser/page/colors.h"
 #include "apps/browser/page/texts.h"
 
 #include <QPainter>
@@ -14,12 +15,6 @@ namespace
 
 constexpr int markSide = 16;
 constexpr int markGap = 6;
-
-QColor blended(const QColor &one, const QColor &other, double share)
-{
-    const auto mix = [share](int a, int b) { return static_cast<int>(a + (b - a) * share); };
-    return {mix(one.red(), other.red()), mix(one.green(), other.green()), mix(one.blue(), other.blue())};
-}
 
 QVector<Glyph> marksOf(const Photo &photo)
 {
@@ -99,7 +94,7 @@ void CellPainter::drawMark(QPainter &painter, Glyph glyph, const QRect &place)
         mark.fill(Qt::transparent);
         QPainter marker(&mark);
         marker.setPen(bright);
-        drawGlyph(marker, glyph, QRectF(QPointF(), place.size()));
+        drawGlyph(marker, glyph, QRectF(QPointF(), place.size()), glyph == Glyph::Heart);
     }
     painter.drawPixmap(place, mark);
 }

@@ -131,7 +131,7 @@ QString CollectionTitles::ofGroup(const Collection &collection, const Snapshot &
     case category::people:
         return tr("Person %1").arg(collection.key);
     case category::places:
-        return Texts::coordinates(collection.latitude, collection.longitude, 2);
+        return Texts::coordinates(collection.latitude, collection.longitude, 1);
     case category::memories:
         return date.isEmpty() ? tr("Memory") : tr("Memory of %1", "date").arg(date);
     default:

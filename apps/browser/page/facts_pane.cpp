@@ -96,7 +96,9 @@ QLabel *FactsPane::addFact(const char *name, const QString &heading)
     value->setWordWrap(true);
     value->setContentsMargins(0, 0, 0, 8);
     auto *label = new QLabel(heading);
-    label->setForegroundRole(QPalette::PlaceholderText);
+    QFont font = label->font();
+    font.setBold(true);
+    label->setFont(font);
     label->setBuddy(value);
     form->addRow(label, value);
     return value;

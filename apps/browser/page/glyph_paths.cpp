@@ -82,6 +82,8 @@ QString moreLinesOf(Glyph glyph)
         return text("O 8 8 6.4 M 8 7.2 L 8 11.5 M 8 4.6 L 8 4.9");
     case Glyph::Filter:
         return text("M 2 4 L 14 4 M 4.5 8 L 11.5 8 M 6.5 12 L 9.5 12");
+    case Glyph::Search:
+        return text("O 6.8 6.8 4.6 M 10.2 10.2 L 14 14");
     case Glyph::Sort:
         return text("M 4.5 3 L 4.5 13 L 2 10.5 M 4.5 13 L 7 10.5 M 9 4 L 14.5 4 M 9 8 L 13 8 M 9 12 L 11.5 12");
     default:

@@ -47,7 +47,7 @@ private:
 
 } // namespace
 
-void drawGlyph(QPainter &painter, Glyph glyph, const QRectF &place)
+void drawGlyph(QPainter &painter, Glyph glyph, const QRectF &place, bool filled)
 {
     constexpr double grid = 16; // units of glyphPath()
     constexpr double line = 1.25;
@@ -58,7 +58,7 @@ void drawGlyph(QPainter &painter, Glyph glyph, const QRectF &place)
     painter.translate(place.center() - QPointF(side / 2, side / 2));
     painter.scale(side / grid, side / grid);
     painter.setPen(QPen(color, line, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-    painter.setBrush(Qt::NoBrush);
+    painter.setBrush(filled ? QBrush(color) : QBrush(Qt::NoBrush));
     painter.drawPath(glyphPath(glyph));
     painter.restore();
 }

@@ -38,10 +38,11 @@ enum class Glyph {
     Info,
     Filter,
     Sort,
+    Search,
 };
 
 /// In the painter's pen colour, in the largest square in the middle of `place`. Leaves the painter as it was.
-void drawGlyph(QPainter &painter, Glyph glyph, const QRectF &place);
+void drawGlyph(QPainter &painter, Glyph glyph, const QRectF &place, bool filled = false);
 
 /// In the application's text colour, or that of highlighted text where the icon is selected.
 QIcon glyphIcon(Glyph glyph);

@@ -117,6 +117,7 @@ void LibraryPage::setUpSplitter()
     splitter->setStretchFactor(1, 1);
     splitter->setCollapsible(1, false);
     splitter->setHandleWidth(1);
+    splitter->setSizes({sideBar->sizeHint().width(), 3 * sideBar->sizeHint().width(), facts->sizeHint().width()});
     auto *line = new QVBoxLayout(this);
     line->setContentsMargins(0, 0, 0, 0);
     line->addWidget(splitter);

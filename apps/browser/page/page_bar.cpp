@@ -68,7 +68,9 @@ void PageBar::setUpSearch()
 {
     search->setObjectName(QStringLiteral("searchField"));
     search->setAccessibleName(tr("Search photos"));
-    search->setPlaceholderText(tr("Search by name, album or date, such as June 2019"));
+    search->setPlaceholderText(tr("Search name, album or date"));
+    search->setToolTip(tr("Names of files, titles of albums, and dates such as June 2019 or 2019-06 (Ctrl+F)"));
+    search->addAction(glyphIcon(Glyph::Search), QLineEdit::LeadingPosition);
     search->setClearButtonEnabled(true);
     search->setMaximumWidth(420);
     search->installEventFilter(this);

@@ -55,14 +55,14 @@ private:
     void setUpSearch();
     void setUpZoom();
 
+    QActionGroup *keys = nullptr; ///< filled while the menus below are made
+    QActionGroup *directions = nullptr;
+    QList<QAction *> filters;
     QLineEdit *search;
     QToolButton *sortButton;
     QToolButton *filterButton;
     QToolButton *factsButton;
     QSlider *zoom;
-    QActionGroup *keys = nullptr;
-    QActionGroup *directions = nullptr;
-    QList<QAction *> filters;
     QTimer typing;
 };
 

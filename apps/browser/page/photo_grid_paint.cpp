@@ -1,3 +1,4 @@
+#include "apps/browser/page/colors.h"
 #include "apps/browser/page/photo_grid.h"
 #include "apps/browser/page/texts.h"
 
@@ -109,7 +110,7 @@ void PhotoGrid::paintHeading(QPainter &painter, int section)
     QRect used;
     painter.drawText(place, Qt::AlignLeft | Qt::AlignVCenter, title, &used);
     painter.setFont(font());
-    painter.setPen(palette().color(QPalette::Disabled, QPalette::Text));
+    painter.setPen(fadedText(palette()));
     const QRect rest = place.adjusted(used.width() + 2 * buttonPadding, 0, 0, 0);
     painter.drawText(rest, Qt::AlignLeft | Qt::AlignVCenter, Texts::photoCount(behind - first));
     const bool isCurrent = currentIndex().row() >= first && currentIndex().row() < behind;

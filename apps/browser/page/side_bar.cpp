@@ -1,5 +1,7 @@
 #include "apps/browser/page/side_bar.h"
 
+#include "apps/browser/page/colors.h"
+
 #include <QKeyEvent>
 #include <QLocale>
 #include <QPainter>
@@ -12,7 +14,7 @@ namespace
 {
 
 constexpr int padding = 6;
-constexpr int shortSection = 12; // collections; longer ones begin folded
+constexpr int shortSection = 20; // collections; longer ones begin folded
 
 // Title on the left, count on the right.
 class CollectionDelegate : public QStyledItemDelegate
@@ -52,7 +54,7 @@ public:
         painter->drawText(place, Qt::AlignLeft | Qt::AlignVCenter,
                           option.fontMetrics.elidedText(option.text, Qt::ElideRight, place.width()));
         if (!isSelected)
-            painter->setPen(option.palette.color(QPalette::Disabled, QPalette::Text));
+            painter->setPen(fadedText(option.palette));
         painter->drawText(option.rect.adjusted(0, 0, -padding, 0), Qt::AlignRight | Qt::AlignVCenter, number);
         painter->restore();
     }
@@ -64,9 +66,8 @@ private:
         font.setBold(true);
         painter->save();
         painter->setFont(font);
-        painter->setPen(option.palette.color(QPalette::Disabled, QPalette::Text));
-        painter->drawText(option.rect.adjusted(padding, 0, 0, -padding / 2), Qt::AlignLeft | Qt::AlignBottom,
-                          option.text);
+        painter->setPen(fadedText(option.palette));
+        painter->drawText(option.rect.adjusted(padding, 0, 0, 0), Qt::AlignLeft | Qt::AlignVCenter, option.text);
         painter->restore();
     }
 };
