@@ -1,5 +1,7 @@
 #include "apps/browser/library/snapshot.h"
 
+#include "apps/browser/library/snapshot_collections.h"
+#include "apps/browser/library/snapshot_photo.h"
 #include "photolib/photolib.h"
 
 namespace browser
@@ -8,22 +10,22 @@ namespace browser
 std::shared_ptr<const Snapshot> readSnapshot(photo_manager_int &manager, const std::atomic<bool> &stop)
 {
     auto snapshot = std::make_shared<Snapshot>();
-    Collection everything;
-    everything.photoIds = manager.getPhotoList();
-    for (const qint64 id : qAsConst(everything.photoIds)) {
+    const QList<qint64> ids = manager.getPhotoList();
+    snapshot->photos.reserve(static_cast<std::size_t>(ids.size()));
+    snapshot->rows.reserve(ids.size());
+    for (const qint64 id : ids) {
         photoItem item;
         if (stop.load(std::memory_order_relaxed))
             return nullptr;
         if (!manager.getPhotoItem(&id, &item))
             continue;
-        Photo photo;
-        photo.id = id;
-        photo.fileName = item.fileName;
         snapshot->rows.insert(id, static_cast<int>(snapshot->photos.size()));
-        snapshot->photos.push_back(photo);
+        snapshot->photos.push_back(photoOf(item));
+        snapshot->photos.back().id = id;
     }
-    snapshot->collections.push_back(std::move(everything));
     snapshot->libraryUuid = manager.getLibraryUuid();
+    if (!readCollections(manager, *snapshot, stop))
+        return nullptr;
     return snapshot;
 }
 

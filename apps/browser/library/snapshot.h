@@ -59,12 +59,28 @@ enum class Section : quint8 { Library, People, Places, Memories, Kinds, Albums, 
 struct Collection {
     Section section = Section::Library;
     int category = 0;       ///< of photo_manager_int::getPhotoGroup(); 0 for an album and for all photos
-    QString key;            ///< of the group
+    QString key;            ///< of the group; empty where several groups are shown as one
     qint64 albumId = 0;     ///< 0 for a group
     QString title;          ///< as the device has it; empty where the category says it all
     qint64 cover = 0;       ///< id of a photo, 0 for none
     QList<qint64> photoIds; ///< those that the snapshot knows, each once, in the device's order
+    double latitude = 0;    ///< of a place, degrees
+    double longitude = 0;
+    bool isPart = false; ///< its photos are also in the collection above it that is no part: one of all bursts
 };
+
+/// Codes of photo_manager_int::getPhotoGroup() that are treated by themselves.
+namespace category
+{
+constexpr int everything = 0;
+constexpr int people = 4;
+constexpr int places = 5;
+constexpr int recentlyDeleted = 6;
+constexpr int memories = 15;
+constexpr int bursts = 16;
+constexpr int hidden = 19;
+constexpr int duplicates = 23;
+} // namespace category
 
 /// A library as it was when it was opened. Immutable: any thread may use it.
 struct Snapshot {

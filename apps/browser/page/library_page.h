@@ -3,13 +3,27 @@
 
 #include "apps/browser/library/opened_library.h"
 
+#include <QTimer>
 #include <QVector>
 #include <QWidget>
 
+class QLabel;
 class QSettings;
+class QSplitter;
+class QStackedWidget;
 
 namespace browser
 {
+
+class FactsPane;
+class PageBar;
+class PhotoGrid;
+class PhotoModel;
+class QueryRunner;
+class SideBar;
+class ThumbnailLoader;
+class ThumbnailSource;
+struct PhotoList;
 
 /// The library of one device: side bar, search and sort bar, grid of thumbnails, facts of the current photo.
 class LibraryPage : public QWidget
@@ -18,6 +32,10 @@ class LibraryPage : public QWidget
 
 public:
     explicit LibraryPage(std::shared_ptr<OpenedLibrary> library, QWidget *parent = nullptr);
+    /// With thumbnails from elsewhere.
+    LibraryPage(std::shared_ptr<OpenedLibrary> library, std::shared_ptr<ThumbnailSource> thumbnails,
+                QWidget *parent = nullptr);
+    /// Waits for a thumbnail that is being read: stop the library first where its device may hang.
     ~LibraryPage() override;
 
     /// Ids of the selected photos, in the order of the grid.
@@ -26,6 +44,8 @@ public:
     QVector<qint64> shownPhotos() const;
     /// Makes this photo the current one and scrolls to it; nothing happens when it is not shown.
     void setCurrentPhoto(qint64 id);
+    /// Whether a search or an order is still being worked out.
+    bool isSearching() const;
 
     /// Widths, sorting, size of the thumbnails: what a person has arranged.
     void saveState(QSettings &settings) const;
@@ -42,7 +62,40 @@ Q_SIGNALS:
     void readsFailing();
 
 private:
+    void setUpCentre();
+    void setUpSplitter();
+    void setUpActions();
+    void connectAll();
+    QWidget *makeEmptyState();
+
+    void search();
+    void showFound(const std::shared_ptr<const PhotoList> &photos);
+    void updateStatus();
+    void updateFacts();
+    void showFacts(bool shown);
+    void showMenu(const QPoint &globalPosition);
+    void startDrag();
+    void exportSelected();
+    void copyNames();
+
     const std::shared_ptr<OpenedLibrary> opened;
+    PhotoModel *model;
+    ThumbnailLoader *loader;
+    QueryRunner *runner;
+    SideBar *sideBar;
+    PageBar *bar;
+    PhotoGrid *grid;
+    FactsPane *facts;
+    QSplitter *splitter;
+    QStackedWidget *centre;
+    QLabel *emptyText = nullptr;
+    QWidget *clearButton = nullptr;
+    QAction *exportAction = nullptr;
+    QAction *copyAction = nullptr;
+    QAction *factsAction = nullptr;
+    QTimer statusPause; ///< one text for many changes
+    QTimer factsPause;
+    qint64 awaited = 0; ///< to become the current photo once it is found
 };
 
 } // namespace browser

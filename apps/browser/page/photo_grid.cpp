@@ -1,0 +1,303 @@
+#include "apps/browser/page/photo_grid.h"
+
+#include <QResizeEvent>
+#include <QScrollBar>
+
+#include <algorithm>
+
+namespace browser
+{
+
+namespace
+{
+
+constexpr qint64 cacheBytes = 192LL * 1024 * 1024; // some screens of the largest cells at a high resolution
+constexpr int scrollLabelTime = 900;               // milliseconds
+
+} // namespace
+
+PhotoGrid::PhotoGrid(PhotoModel &photos, ThumbnailLoader &thumbnails, QWidget *parent)
+    : QListView(parent), model(photos), loader(thumbnails), cache(cacheBytes)
+{
+    setModel(&photos);
+    setObjectName(QStringLiteral("photoGrid"));
+    setAccessibleName(tr("Photos"));
+    setSelectionMode(ExtendedSelection);
+    setEditTriggers(NoEditTriggers);
+    setFrameShape(QFrame::NoFrame);
+    setAutoScroll(false);
+    setMouseTracking(true);
+    setVerticalScrollMode(ScrollPerPixel);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
+    viewport()->setBackgroundRole(QPalette::Base);
+    scrollLabel.setSingleShot(true);
+    scrollLabel.setInterval(scrollLabelTime);
+    connect(&scrollLabel, &QTimer::timeout, viewport(), QOverload<>::of(&QWidget::update));
+    bandScrolling.setInterval(16);
+    connect(&bandScrolling, &QTimer::timeout, this, &PhotoGrid::scrollWithBand);
+    connect(&loader, &ThumbnailLoader::loaded, this, &PhotoGrid::takeThumbnails);
+    connect(verticalScrollBar(), &QScrollBar::sliderMoved, this, [this] { scrollLabel.start(); });
+}
+
+void PhotoGrid::show(const std::shared_ptr<const PhotoList> &photos, bool keep)
+{
+    const QVector<qint64> selected = keep ? selectedIds() : QVector<qint64>();
+    const qint64 current = keep && currentIndex().isValid() ? model.idAt(currentIndex().row()) : 0;
+    const qint64 anchored = keep && anchor >= 0 ? model.idAt(anchor) : 0;
+    band.reset();
+    pressed = hovered = hoveredHeading = -1;
+    model.setPhotos(photos);
+    doItemsLayout();
+    anchor = model.rowOf(anchored);
+    const int row = model.rowOf(current);
+    if (row >= 0)
+        selectionModel()->setCurrentIndex(model.index(row), QItemSelectionModel::NoUpdate);
+    selectIds(selected);
+    if (row >= 0)
+        scrollTo(model.index(row));
+    else
+        verticalScrollBar()->setValue(0);
+    requestThumbnails();
+}
+
+void PhotoGrid::setCellSize(int side)
+{
+    const int bounded = std::clamp(side, smallestCell, largestCell);
+    if (bounded == metrics.cell)
+        return;
+    const auto [first, behind] = visibleRows();
+    const bool keepCurrent = currentIndex().row() >= first && currentIndex().row() < behind;
+    const int fixed = keepCurrent ? currentIndex().row() : (first + behind) / 2;
+    const int before = behind > first ? layout.cell(fixed).center().y() - verticalOffset() : 0;
+    metrics.cell = bounded;
+    doItemsLayout();
+    if (behind > first)
+        verticalScrollBar()->setValue(layout.cell(fixed).center().y() - before);
+    Q_EMIT cellSizeChanged(bounded);
+}
+
+void PhotoGrid::doItemsLayout()
+{
+    metrics.width = viewport()->width();
+    metrics.heading = fontMetrics().height() * 2 + 8;
+    layout.arrange(model.photos(), metrics);
+    QAbstractItemView::doItemsLayout();
+    requestThumbnails();
+}
+
+void PhotoGrid::updateGeometries()
+{
+    QScrollBar *bar = verticalScrollBar();
+    const int page = viewport()->height();
+    bar->setPageStep(page);
+    bar->setSingleStep(std::max(20, layout.linePitch() / 3));
+    bar->setRange(0, std::max(0, layout.height() - page));
+    horizontalScrollBar()->setRange(0, 0);
+}
+
+void PhotoGrid::resizeEvent(QResizeEvent *event)
+{
+    QAbstractItemView::resizeEvent(event);
+    const auto [first, behind] = visibleRows();
+    const int kept = first < behind ? layout.cell(first).top() - verticalOffset() : 0;
+    if (event->size().width() != metrics.width)
+        doItemsLayout();
+    if (first < behind && first > 0)
+        verticalScrollBar()->setValue(layout.cell(first).top() - kept);
+    requestThumbnails();
+}
+
+void PhotoGrid::changeEvent(QEvent *event)
+{
+    QListView::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange || event->type() == QEvent::FontChange ||
+        event->type() == QEvent::StyleChange)
+        painterOfCells.reset();
+    if (event->type() == QEvent::FontChange)
+        doItemsLayout();
+}
+
+void PhotoGrid::scrollContentsBy(int, int)
+{
+    viewport()->update();
+    if (band)
+        updateBand(viewport()->mapFromGlobal(QCursor::pos()));
+    requestThumbnails();
+}
+
+int PhotoGrid::verticalOffset() const
+{
+    return verticalScrollBar()->value();
+}
+
+QRect PhotoGrid::visualRect(const QModelIndex &index) const
+{
+    if (!index.isValid() || index.row() >= model.rowCount())
+        return {};
+    return layout.cell(index.row()).translated(0, -verticalOffset());
+}
+
+QModelIndex PhotoGrid::indexAt(const QPoint &point) const
+{
+    if (headingAt(point) >= 0)
+        return {};
+    const int row = layout.at(contents(point));
+    return row < 0 ? QModelIndex() : model.index(row);
+}
+
+void PhotoGrid::scrollTo(const QModelIndex &index, ScrollHint hint)
+{
+    if (!index.isValid() || index.row() >= model.rowCount())
+        return;
+    const QRect cell = layout.cell(index.row());
+    const int page = viewport()->height();
+    const bool hasHeadings = model.photos() != nullptr && model.photos()->hasHeadings;
+    const int top = cell.top() - (hasHeadings ? metrics.heading : metrics.margin);
+    const int bottom = cell.bottom() + 1 + metrics.margin - page;
+    const int value = verticalOffset();
+    if (hint == PositionAtCenter)
+        verticalScrollBar()->setValue(cell.center().y() - page / 2);
+    else if (hint == PositionAtTop || top < value)
+        verticalScrollBar()->setValue(top);
+    else if (hint == PositionAtBottom || bottom > value)
+        verticalScrollBar()->setValue(std::min(bottom, top));
+}
+
+std::pair<int, int> PhotoGrid::visibleRows() const
+{
+    return layout.touching(verticalOffset(), verticalOffset() + viewport()->height() - 1);
+}
+
+int PhotoGrid::pixelsOfCell() const
+{
+    return qRound(metrics.cell * devicePixelRatioF());
+}
+
+// What is on the screen, from the top; then what a turn of the wheel would bring.
+void PhotoGrid::requestThumbnails()
+{
+    const auto [first, behind] = visibleRows();
+    const int page = std::max(0, behind - first);
+    const int side = pixelsOfCell();
+    QVector<qint64> ids;
+    const auto add = [&](int row) {
+        const qint64 id = model.idAt(row);
+        const LoadedThumbnail *known = cache.find(id);
+        if (known == nullptr || known->side != side)
+            ids += id;
+    };
+    for (int row = first; row < behind; ++row)
+        add(row);
+    for (int row = behind; row < std::min(model.rowCount(), behind + page); ++row)
+        add(row);
+    for (int row = first - 1; row >= std::max(0, first - page / 2); --row)
+        add(row);
+    loader.want(ids, side);
+}
+
+void PhotoGrid::takeThumbnails(const QVector<LoadedThumbnail> &thumbnails)
+{
+    const int side = pixelsOfCell();
+    bool isStale = false;
+    for (const LoadedThumbnail &thumbnail : thumbnails) {
+        cache.insert(thumbnail);
+        isStale = isStale || thumbnail.side != side;
+        const int row = model.rowOf(thumbnail.id);
+        if (row >= 0)
+            viewport()->update(layout.cell(row).translated(0, -verticalOffset()));
+    }
+    if (isStale)
+        requestThumbnails();
+}
+
+QVector<int> PhotoGrid::selectedRows() const
+{
+    QVector<int> rows;
+    const QItemSelection ranges = selectionModel()->selection();
+    for (const QItemSelectionRange &range : ranges) {
+        for (int row = range.top(); row <= range.bottom(); ++row)
+            rows += row;
+    }
+    std::sort(rows.begin(), rows.end());
+    rows.erase(std::unique(rows.begin(), rows.end()), rows.end());
+    return rows;
+}
+
+QVector<qint64> PhotoGrid::selectedIds() const
+{
+    QVector<qint64> ids = QVector<qint64>();
+    const QVector<int> rows = selectedRows();
+    ids.reserve(rows.size());
+    for (const int row : rows)
+        ids += model.idAt(row);
+    return ids;
+}
+
+void PhotoGrid::makeCurrent(int row)
+{
+    anchor = row;
+    selectionModel()->setCurrentIndex(model.index(row), QItemSelectionModel::ClearAndSelect);
+    scrollTo(model.index(row));
+}
+
+void PhotoGrid::selectIds(const QVector<qint64> &ids)
+{
+    QVector<int> rows;
+    rows.reserve(ids.size());
+    for (const qint64 id : ids) {
+        if (const int row = model.rowOf(id); row >= 0)
+            rows += row;
+    }
+    std::sort(rows.begin(), rows.end());
+    QItemSelection selection;
+    for (int begin = 0; begin < rows.size();) {
+        int end = begin + 1;
+        while (end < rows.size() && rows[end] == rows[end - 1] + 1)
+            ++end;
+        selection.append(QItemSelectionRange(model.index(rows[begin]), model.index(rows[end - 1])));
+        begin = end;
+    }
+    selectionModel()->select(selection, QItemSelectionModel::ClearAndSelect);
+}
+
+void PhotoGrid::selectSection(int section)
+{
+    if (section < 0 || section >= layout.sectionCount())
+        return;
+    const auto [first, behind] = layout.range(section);
+    const bool wasSelected = isSectionSelected(section);
+    selectRange(first, behind - 1, wasSelected ? QItemSelectionModel::Deselect : QItemSelectionModel::Select);
+}
+
+bool PhotoGrid::isSectionSelected(int section) const
+{
+    const auto [first, behind] = layout.range(section);
+    const QItemSelection ranges = selectionModel()->selection();
+    int selected = 0;
+    for (const QItemSelectionRange &range : ranges)
+        selected += std::max(0, std::min(behind - 1, range.bottom()) - std::max(first, range.top()) + 1);
+    return selected == behind - first;
+}
+
+void PhotoGrid::selectRange(int from, int to, QItemSelectionModel::SelectionFlags command)
+{
+    const auto [first, last] = std::minmax(from, to);
+    selectionModel()->select(QItemSelection(model.index(first), model.index(last)), command);
+}
+
+void PhotoGrid::setSelection(const QRect &rectangle, QItemSelectionModel::SelectionFlags command)
+{
+    QItemSelection selection;
+    for (const auto &run : layout.inside(rectangle.normalized().translated(0, verticalOffset())))
+        selection.append(QItemSelectionRange(model.index(run.first), model.index(run.second)));
+    selectionModel()->select(selection, command);
+}
+
+// Exact regions of thousands of cells take longer than drawing the viewport.
+QRegion PhotoGrid::visualRegionForSelection(const QItemSelection &selection) const
+{
+    return selection.isEmpty() ? QRegion() : QRegion(viewport()->rect());
+}
+
+} // namespace browser
