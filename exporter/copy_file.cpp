@@ -1,5 +1,6 @@
 #include "exporter/copy_file.h"
 
+#include "exporter/concurrent_sha256.h"
 #include "exporter/errors.h"
 #include "exporter/sha256.h"
 
@@ -12,15 +13,13 @@ namespace exporter
 namespace
 {
 
-constexpr int blockSize = 2 * 1024 * 1024;
-
 QString wrongSize(qint64 told, const QString &got)
 {
     return QStringLiteral("the device says that the file has %1 bytes and gave %2").arg(told).arg(got);
 }
 
 CopiedFile copyOnce(DeviceSource &source, const AssetFile &file, std::optional<qint64> mtimeNs,
-                    Destination &destination, RunState &state, std::vector<char> &block)
+                    Destination &destination, RunState &state)
 {
     const auto input = source.open(file.devicePath);
     if (input == nullptr)
@@ -28,30 +27,31 @@ CopiedFile copyOnce(DeviceSource &source, const AssetFile &file, std::optional<q
     destination.requireRoom(input->size(), state.options.reserve);
     CopiedFile copy;
     copy.temporary = std::make_unique<TempFile>(destination);
-    Sha256 hash;
+    ConcurrentSha256 hash(input->size());
     for (;;) {
         state.requireGoOn();
-        const int count = input->read(block.data(), blockSize);
+        char *const block = hash.nextBlock();
+        const int count = input->read(block, ConcurrentSha256::blockSize);
         if (count == 0)
             break;
         copy.size += count;
         if (copy.size > input->size())
             throw DeviceProblem(wrongSize(input->size(), QStringLiteral("more")));
-        hash.add(block.data(), count);
-        copy.temporary->write(block.data(), count);
+        hash.add(count);
+        copy.temporary->write(block, count);
         state.advance(count);
     }
     if (copy.size != input->size())
         throw DeviceProblem(wrongSize(input->size(), QString::number(copy.size)));
-    copy.sha256 = hash.result();
     copy.mtimeNs = copy.temporary->finish(mtimeNs).mtimeNs;
+    copy.sha256 = hash.result();
     return copy;
 }
 
 void readAll(Destination &destination, const QString &path, const std::function<void(const char *, qint64)> &take)
 {
     const UniqueFd input = destination.openForReading(path);
-    std::vector<char> block(blockSize);
+    std::vector<char> block(ConcurrentSha256::blockSize);
     for (;;) {
         const ssize_t count = destination.operations().read(input.get(), block.data(), block.size());
         if (count < 0)
@@ -68,12 +68,11 @@ CopiedFile copyFromDevice(DeviceSource &source, const AssetFile &file, std::opti
                           Destination &destination, RunState &state)
 {
     CopiedFile copy;
-    std::vector<char> block(blockSize);
     const qint64 before = state.progress.bytesDone;
     state.progress.currentFile = file.devicePath;
     source.withRetries([&] {
         state.progress.bytesDone = before;
-        copy = copyOnce(source, file, mtimeNs, destination, state, block);
+        copy = copyOnce(source, file, mtimeNs, destination, state);
     });
     return copy;
 }

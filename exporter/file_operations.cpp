@@ -60,6 +60,11 @@ int FileOperations::sync(int file)
     return uninterrupted([=] { return ::fsync(file); });
 }
 
+int FileOperations::beginWriting(int file, off_t offset, off_t size)
+{
+    return ::sync_file_range(file, offset, size, SYNC_FILE_RANGE_WRITE);
+}
+
 int FileOperations::setTimes(int file, const timespec times[2])
 {
     return ::futimens(file, times);

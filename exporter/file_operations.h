@@ -28,6 +28,7 @@ public:
     virtual ssize_t read(int file, void *buffer, std::size_t size);
     virtual ssize_t write(int file, const void *buffer, std::size_t size);
     virtual int sync(int file);
+    virtual int beginWriting(int file, off_t offset, off_t size); ///< to the disk, without waiting; a hint
     virtual int setTimes(int file, const timespec times[2]);
     virtual int stat(int file, struct stat *out);
     virtual int statAt(int folder, const char *name, struct stat *out); ///< of a symbolic link itself

@@ -31,6 +31,7 @@ private:
     Destination &destination;
     QByteArray name;
     UniqueFd fd;
+    qint64 written = 0; ///< bytes
     bool published = false;
 };
 

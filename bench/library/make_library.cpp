@@ -1,5 +1,5 @@
-// make_library FOLDER ASSETS [--synced] [--one-burst] [--files COUNT BYTES]: writes a device folder with a made-up
-// library.
+// make_library FOLDER ASSETS [--synced] [--one-burst] [--one-album] [--small-albums] [--files COUNT BYTES]: writes a
+// device folder with a made-up library.
 
 #include "bench/library/recipe.h"
 
@@ -20,6 +20,10 @@ int main(int argc, char **argv)
             recipe.synced = true;
         } else if (option == "--one-burst") {
             recipe.oneBurst = true;
+        } else if (option == "--one-album") {
+            recipe.albums = bench::Albums::OneOfAll;
+        } else if (option == "--small-albums") {
+            recipe.albums = bench::Albums::Small;
         } else if (option == "--files" && i + 2 < argc) {
             recipe.files = std::atoi(argv[++i]);
             recipe.fileBytes = std::atoll(argv[++i]);
@@ -28,7 +32,9 @@ int main(int argc, char **argv)
         }
     }
     if (!understood) {
-        std::fputs("usage: make_library FOLDER ASSETS [--synced] [--one-burst] [--files COUNT BYTES]\n", stderr);
+        std::fputs("usage: make_library FOLDER ASSETS [--synced] [--one-burst] [--one-album] [--small-albums] "
+                   "[--files COUNT BYTES]\n",
+                   stderr);
         return 2;
     }
     try {

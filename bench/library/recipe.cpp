@@ -70,7 +70,7 @@ AssetRow assetOf(int n, const Recipe &recipe)
     return row;
 }
 
-void addAlbums(LibraryBuilder *library, int assets)
+void addUsualAlbums(LibraryBuilder *library, int assets)
 {
     const int albums = assets * 3 / 100;
     AlbumRow row;
@@ -80,6 +80,32 @@ void addAlbums(LibraryBuilder *library, int assets)
         const int members = n == 0 ? assets / 2 : std::min(membersOfASmallAlbum, assets);
         for (int member = 0; member < members; ++member)
             library->addToAlbum(album, (n == 0 ? 2 * member : n * 31 + member) % assets + 1);
+    }
+}
+
+// Each asset once, in albums of `size`.
+void addAlbumsOf(LibraryBuilder *library, int assets, int size)
+{
+    AlbumRow row;
+    qint64 album = 0;
+    for (int n = 0; n < assets; ++n) {
+        if (n % size == 0) {
+            row.title = QStringLiteral("Album %1").arg(n / size);
+            album = library->addAlbum(row);
+        }
+        library->addToAlbum(album, n + 1);
+    }
+}
+
+void addAlbums(LibraryBuilder *library, const Recipe &recipe)
+{
+    switch (recipe.albums) {
+    case Albums::Usual:
+        return addUsualAlbums(library, recipe.assets);
+    case Albums::OneOfAll:
+        return addAlbumsOf(library, recipe.assets, recipe.assets);
+    case Albums::Small:
+        return addAlbumsOf(library, recipe.assets, membersOfASmallAlbum);
     }
 }
 
@@ -159,7 +185,7 @@ void writeDevice(const QString &folder, const Recipe &recipe)
     LibraryBuilder library(testkit::Era::Ios15);
     for (int n = 0; n < recipe.assets; ++n)
         library.addAsset(assetOf(n, recipe));
-    addAlbums(&library, recipe.assets);
+    addAlbums(&library, recipe);
     addFaces(&library, recipe.assets);
     addMemories(&library, recipe.assets);
     QDir().mkpath(folder + QStringLiteral("/PhotoData"));

@@ -79,6 +79,27 @@ TEST(Device, AFileThatFailsOnceIsReadAgainOnAFreshDevice)
     EXPECT_EQ(2, fixture.device.operationCount(OperationKind::OpenDevice));
 }
 
+TEST(Device, AFilmThatFailsInItsMiddleIsWholeAfterOneRetryAndElseLeavesNothing)
+{
+    QByteArray film(9'000'001, '\0');
+    for (int at = 0; at < film.size(); ++at)
+        film[at] = static_cast<char>(at * 31 / 7);
+    for (const int retries : {0, 1}) {
+        for (int read = 1; read <= 5; ++read) {
+            ExportFixture fixture;
+            fixture.options.layout = "{stem}";
+            fixture.options.retries = retries;
+            fixture.addVideo("A.MOV", film);
+            fixture.open();
+            const FaultyDevice faulty(fixture.device, Fault(OperationKind::Read, Fault::Effect::Fail, read));
+            EXPECT_EQ(retries == 1, fixture.run({1}).isSuccess()) << read;
+            EXPECT_TRUE(faulty.fired()) << read;
+            EXPECT_EQ((retries == 1 ? Tree{{"A.MOV", film}} : Tree{}), fixture.tree()) << read;
+            EXPECT_EQ(QStringList{".photolib-export.sqlite"}, ExportFixture::hiddenFilesOf(fixture.destination()));
+        }
+    }
+}
+
 TEST(Device, RetriesCanBeTurnedOff)
 {
     TwoPhotos fixture;

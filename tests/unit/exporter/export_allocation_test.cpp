@@ -3,6 +3,7 @@
 
 #include "devicehost/device_host.h"
 #include "devicehost/open_error.h"
+#include "exporter/concurrent_sha256.h"
 #include "exporter/exporter.h"
 #include "photolib/photolib.h"
 #include "testing/library_builder.h"
@@ -10,6 +11,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QCryptographicHash>
 #include <QDir>
 #include <QDirIterator>
 #include <QFile>
@@ -17,6 +19,8 @@
 #include <QMap>
 #include <QTemporaryDir>
 
+#include <cstring>
+#include <new>
 #include <tuple>
 
 using namespace exporter;
@@ -206,3 +210,29 @@ INSTANTIATE_TEST_SUITE_P(Shortages, ExportAllocations,
                              const bool once = std::get<Shortage>(instance.param) == Shortage::Once;
                              return (once ? "Once" : "Lasting") + std::to_string(std::get<int>(instance.param));
                          });
+
+TEST(ConcurrentSha256, IsRightOrToldToLackMemory)
+{
+    const QByteArray content(3 * ConcurrentSha256::blockSize, 'c');
+    const QByteArray expected = QCryptographicHash::hash(content, QCryptographicHash::Sha256);
+    const auto answer = [&content] {
+        ConcurrentSha256 hash(content.size());
+        for (int at = 0; at < content.size(); at += ConcurrentSha256::blockSize) {
+            std::memcpy(hash.nextBlock(), content.constData() + at, ConcurrentSha256::blockSize);
+            hash.add(ConcurrentSha256::blockSize);
+        }
+        return hash.result();
+    };
+    for (const Shortage shortage : {Shortage::Once, Shortage::Lasting}) {
+        long number = 1;
+        for (bool fired = true; fired; ++number) {
+            const AllocationFault fault(number, shortage);
+            try {
+                EXPECT_EQ(expected, answer());
+            } catch (const std::bad_alloc &) {
+            }
+            fired = fault.fired();
+        }
+        EXPECT_GT(number, 3);
+    }
+}

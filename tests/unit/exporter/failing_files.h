@@ -19,6 +19,7 @@ public:
         Read,
         Write,
         Sync,
+        BeginWriting,
         SetTimes,
         Stat,
         StatAt,
@@ -50,6 +51,10 @@ public:
         return allowed(Call::Write) ? FileOperations::write(file, buffer, sizeFor(size)) : -1;
     }
     int sync(int file) override { return allowed(Call::Sync) ? FileOperations::sync(file) : -1; }
+    int beginWriting(int file, off_t offset, off_t size) override
+    {
+        return allowed(Call::BeginWriting) ? FileOperations::beginWriting(file, offset, size) : -1;
+    }
     int setTimes(int file, const timespec times[2]) override
     {
         return allowed(Call::SetTimes) ? FileOperations::setTimes(file, times) : -1;
