@@ -56,8 +56,7 @@ MainWindow::~MainWindow()
 void MainWindow::connectActions()
 {
     connect(actions.openFolder, &QAction::triggered, start, &StartPage::chooseFolder);
-    connect(actions.choose, &QAction::triggered, this,
-            [this] { whenExportsMayEnd([this] { showStart(); }); });
+    connect(actions.choose, &QAction::triggered, this, [this] { whenExportsMayEnd([this] { showStart(); }); });
     connect(actions.newWindow, &QAction::triggered, this, [this] { keeper.open(); });
     connect(actions.exportSelected, &QAction::triggered, this, [this] { room->exportSelected(); });
     connect(actions.exportShown, &QAction::triggered, this, [this] { room->exportShown(); });

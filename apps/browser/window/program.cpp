@@ -42,7 +42,8 @@ int failUsage(const QString &message)
     return ExitUsage;
 }
 
-// What still runs hangs on a device, and the local copies that it leaves are removed by the next program that makes one.
+// What still runs hangs on a device, and the local copies that it leaves are removed by the next program that makes
+// one.
 int finish(int status)
 {
     if (!waitForBackground(patience))
