@@ -14,6 +14,13 @@
 #include <cstdio>
 #include <cstdlib>
 
+// Resources of an archive are linked only when somebody asks for them; the macro wants no namespace round it.
+static void initResources()
+{
+    Q_INIT_RESOURCE(desktop);
+    Q_INIT_RESOURCE(i18n);
+}
+
 namespace browser
 {
 
@@ -72,6 +79,7 @@ int showWindows(const CommandLine &wanted, const QByteArray &password)
 
 void setUpApplication(QApplication &application)
 {
+    initResources();
     setNames();
     QGuiApplication::setDesktopFileName(QStringLiteral("photolib-browser"));
     const QIcon own(QStringLiteral(":/desktop/photolib-browser.png"));
@@ -87,6 +95,7 @@ bool printedHelp(int argc, char **argv)
             asked = asked || qstrcmp(argv[number], name) == 0;
     if (!asked)
         return false;
+    initResources();
     setNames();
     QCoreApplication application(argc, argv);
     installTranslations(application);
