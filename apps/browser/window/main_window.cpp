@@ -78,7 +78,12 @@ void MainWindow::connectPages()
     connect(start, &StartPage::chosen, this, &MainWindow::openDevice);
     connect(opening, &OpeningPage::cancelRequested, this, &MainWindow::showStart);
     connect(opening, &OpeningPage::backRequested, this, &MainWindow::showStart);
-    connect(opening, &OpeningPage::retryRequested, this, [this] { startOpening(wanted); });
+    connect(opening, &OpeningPage::retryRequested, this, [this] {
+        if (isPairing)
+            pairAgain();
+        else
+            startOpening(wanted);
+    });
     connect(opening, &OpeningPage::pairRequested, this, &MainWindow::pairAgain);
     connect(opening, &OpeningPage::passwordGiven, this, [this](const QByteArray &given) {
         if (!opener)
@@ -146,6 +151,7 @@ void MainWindow::startOpening(const QString &argument)
     endOpening();
     closeLibrary();
     wanted = argument;
+    isPairing = false;
     status->clear();
     opening->showProgress({});
     stack->setCurrentWidget(opening);
@@ -228,6 +234,7 @@ void MainWindow::fail(const OpeningFailure &failure)
 void MainWindow::pairAgain()
 {
     const QString udid = claim ? claim->device().section(QLatin1Char(':'), 1) : QString();
+    isPairing = true;
     opening->showPairing();
     inBackground<QString>(
         opening, [udid] { return devicehost::pairUsbDevice(udid); },
