@@ -77,8 +77,8 @@ void paintTexts(QPainter *painter, const QStyleOptionViewItem &option, const QMo
     line.moveTop(area.y() + (area.height() - height * (detail.isEmpty() ? 1 : 2)) / 2);
     painter->setFont(bold(option.font));
     painter->setPen(color);
-    const QString title = QFontMetrics(bold(option.font)).elidedText(index.data().toString(), Qt::ElideRight,
-                                                                     area.width());
+    const QString title =
+        QFontMetrics(bold(option.font)).elidedText(index.data().toString(), Qt::ElideRight, area.width());
     painter->drawText(line, Qt::AlignLeft | Qt::AlignVCenter, title);
     line.translate(0, height);
     painter->setFont(option.font);

@@ -84,9 +84,9 @@ QVariant DeviceListModel::data(const QModelIndex &index, int role) const
     case Qt::DisplayRole:
         return row.device.title;
     case Qt::AccessibleTextRole:
-        return row.device.detail.isEmpty() ? row.device.title
-                                           : tr("%1, %2", "a device and what is known of it")
-                                                 .arg(row.device.title, row.device.detail);
+        return row.device.detail.isEmpty()
+                   ? row.device.title
+                   : tr("%1, %2", "a device and what is known of it").arg(row.device.title, row.device.detail);
     case Qt::ToolTipRole:
         return row.device.detail.isEmpty() ? QVariant() : row.device.detail;
     case DeviceRole:

@@ -31,9 +31,9 @@ void store(const QVector<FoundDevice> &list)
 
 void removeFrom(QVector<FoundDevice> *list, const QString &device)
 {
-    list->erase(std::remove_if(list->begin(), list->end(),
-                               [&device](const FoundDevice &one) { return one.device == device; }),
-                list->end());
+    list->erase(
+        std::remove_if(list->begin(), list->end(), [&device](const FoundDevice &one) { return one.device == device; }),
+        list->end());
 }
 
 } // namespace

@@ -159,7 +159,7 @@ public:
         painter->translate(rect.x() + (rect.width() - side) / 2, rect.y() + (rect.height() - side) / 2);
         painter->scale(side / 16, side / 16);
         painter->setPen(
-            QPen(QGuiApplication::palette().color(group, role), 1.2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+            QPen(QGuiApplication::palette().color(group, role), 1.0, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
         painter->drawPath(shapeOf(symbol));
         painter->restore();
     }

@@ -75,9 +75,8 @@ void OpeningAttempt::tell(Stage stage)
 
 void OpeningAttempt::fail(FailureKind kind, const QString &technical)
 {
-    mailbox->post([receiver = opener, failure = OpeningFailure{kind, argument, technical}] {
-        Q_EMIT receiver->failed(failure);
-    });
+    mailbox->post(
+        [receiver = opener, failure = OpeningFailure{kind, argument, technical}] { Q_EMIT receiver->failed(failure); });
 }
 
 void OpeningAttempt::run(void (OpeningAttempt::*step)())

@@ -20,8 +20,8 @@ QString socketPath(const QString &device)
 {
     const QString path = localPathOf(device);
     const QString canonical = path.isEmpty() ? QString() : QFileInfo(path).canonicalFilePath();
-    const QByteArray hash = QCryptographicHash::hash((canonical.isEmpty() ? device : canonical).toUtf8(),
-                                                     QCryptographicHash::Sha256);
+    const QByteArray hash =
+        QCryptographicHash::hash((canonical.isEmpty() ? device : canonical).toUtf8(), QCryptographicHash::Sha256);
     return QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation) + QStringLiteral("/photolib-browser-") +
            QString::fromLatin1(hash.toHex().left(16));
 }

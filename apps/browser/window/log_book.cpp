@@ -25,9 +25,10 @@ LogBook::~LogBook()
 void LogBook::take(Store &store, Mailbox &mailbox, LogBook *book, const devicehost::LogLine &line)
 {
     noteLogLine(line.message);
-    const QString text = QStringLiteral("%1  %2  %3").arg(QTime::currentTime().toString(QStringLiteral("HH:mm:ss.zzz")),
-                                                          line.level > 1 ? QStringLiteral("!") : QStringLiteral(" "),
-                                                          line.message.left(longestLine));
+    const QString text =
+        QStringLiteral("%1  %2  %3")
+            .arg(QTime::currentTime().toString(QStringLiteral("HH:mm:ss.zzz")),
+                 line.level > 1 ? QStringLiteral("!") : QStringLiteral(" "), line.message.left(longestLine));
     {
         const std::lock_guard<std::mutex> lock(store.mutex);
         store.lines.push_back(text);

@@ -39,8 +39,7 @@ LogWindow::LogWindow(LogBook &log, QWidget *parent) : QDialog(parent), book(log)
     layout->addWidget(text);
     layout->addWidget(buttons);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
-    connect(copy, &QPushButton::clicked, this,
-            [this] { QGuiApplication::clipboard()->setText(text->toPlainText()); });
+    connect(copy, &QPushButton::clicked, this, [this] { QGuiApplication::clipboard()->setText(text->toPlainText()); });
     auto *const timer = new QTimer(this); // many lines, few changes of the picture
     timer->setSingleShot(true);
     timer->setInterval(updateInterval);

@@ -56,8 +56,7 @@ MainWindow::~MainWindow()
 void MainWindow::connectActions()
 {
     connect(actions.openFolder, &QAction::triggered, start, &StartPage::chooseFolder);
-    connect(actions.choose, &QAction::triggered, this,
-            [this] { whenExportsMayEnd([this] { showStart(); }); });
+    connect(actions.choose, &QAction::triggered, this, [this] { whenExportsMayEnd([this] { showStart(); }); });
     connect(actions.newWindow, &QAction::triggered, this, [this] { keeper.open(); });
     connect(actions.exportSelected, &QAction::triggered, this, [this] { room->exportSelected(); });
     connect(actions.exportShown, &QAction::triggered, this, [this] { room->exportShown(); });
@@ -79,7 +78,12 @@ void MainWindow::connectPages()
     connect(start, &StartPage::chosen, this, &MainWindow::openDevice);
     connect(opening, &OpeningPage::cancelRequested, this, &MainWindow::showStart);
     connect(opening, &OpeningPage::backRequested, this, &MainWindow::showStart);
-    connect(opening, &OpeningPage::retryRequested, this, [this] { startOpening(wanted); });
+    connect(opening, &OpeningPage::retryRequested, this, [this] {
+        if (isPairing)
+            pairAgain();
+        else
+            startOpening(wanted);
+    });
     connect(opening, &OpeningPage::pairRequested, this, &MainWindow::pairAgain);
     connect(opening, &OpeningPage::passwordGiven, this, [this](const QByteArray &given) {
         if (!opener)
@@ -147,6 +151,7 @@ void MainWindow::startOpening(const QString &argument)
     endOpening();
     closeLibrary();
     wanted = argument;
+    isPairing = false;
     status->clear();
     opening->showProgress({});
     stack->setCurrentWidget(opening);
@@ -229,6 +234,7 @@ void MainWindow::fail(const OpeningFailure &failure)
 void MainWindow::pairAgain()
 {
     const QString udid = claim ? claim->device().section(QLatin1Char(':'), 1) : QString();
+    isPairing = true;
     opening->showPairing();
     inBackground<QString>(
         opening, [udid] { return devicehost::pairUsbDevice(udid); },

@@ -84,6 +84,7 @@ private:
     std::unique_ptr<DeviceClaim> claim;
     QString wanted; ///< what is being opened
     QByteArray password;
+    bool isPairing = false; ///< trying again means to pair again, until that succeeds
     bool closesWhenTaken = false;
     bool mayEndExports = false;
 };

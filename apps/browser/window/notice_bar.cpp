@@ -33,6 +33,7 @@ NoticeBar::NoticeBar(QWidget *parent)
     label->setWordWrap(true);
     label->setTextFormat(Qt::PlainText);
     action->setObjectName(QStringLiteral("noticeButton"));
+    action->hide();
     closing->setObjectName(QStringLiteral("noticeClose"));
     closing->setAutoRaise(true);
     closing->setIcon(style()->standardIcon(QStyle::SP_DockWidgetCloseButton));

@@ -6,6 +6,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QLocale>
+#include <QPainter>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QStackedWidget>
@@ -36,6 +37,7 @@ QPushButton *makeButton(const QString &name, const QString &text, QWidget *paren
     auto *const button = new QPushButton(text, parent);
     button->setObjectName(name);
     button->setAutoDefault(true);
+    button->setMinimumWidth(button->fontMetrics().averageCharWidth() * 16);
     return button;
 }
 
@@ -54,6 +56,24 @@ QWidget *centred(QWidget *content)
     across->addStretch(1);
     return around;
 }
+
+// Of the failure, beside its text; drawn anew when the palette changes.
+class SymbolLabel : public QLabel
+{
+public:
+    explicit SymbolLabel(QWidget *parent) : QLabel(parent)
+    {
+        const int side = fontMetrics().height() * 3;
+        setFixedSize(side, side);
+    }
+
+protected:
+    void paintEvent(QPaintEvent *) override
+    {
+        QPainter painter(this);
+        symbolIcon(Symbol::Warning).paint(&painter, rect());
+    }
+};
 
 QHBoxLayout *atTheEnd(std::initializer_list<QWidget *> buttons)
 {
@@ -87,6 +107,7 @@ QWidget *OpeningPage::makeProgress()
     cancelButton = makeButton(QStringLiteral("cancelButton"), tr("&Cancel"), page);
     cancelButton->setShortcut(QKeySequence::Cancel);
     auto *const layout = new QVBoxLayout(page);
+    layout->setSpacing(fontMetrics().height() / 2);
     layout->addWidget(stageLabel);
     layout->addWidget(bar);
     layout->addLayout(atTheEnd({cancelButton}));
@@ -107,6 +128,7 @@ QWidget *OpeningPage::makePassword()
     QPushButton *const back = makeButton(QStringLiteral("passwordBack"), tr("&Back"), page);
     QPushButton *const unlock = makeButton(QStringLiteral("unlockButton"), tr("&Unlock"), page);
     auto *const layout = new QVBoxLayout(page);
+    layout->setSpacing(fontMetrics().height() / 2);
     layout->addWidget(title);
     layout->addWidget(passwordHint);
     layout->addWidget(passwordEdit);
@@ -137,9 +159,16 @@ QWidget *OpeningPage::makeFailure()
     QPushButton *const back = makeButton(QStringLiteral("failureBack"), tr("&Back"), page);
     pairButton = makeButton(QStringLiteral("pairButton"), tr("&Pair Again"), page);
     retryButton = makeButton(QStringLiteral("retryButton"), tr("&Try Again"), page);
+    auto *const texts = new QVBoxLayout;
+    texts->addWidget(failureTitle);
+    texts->addWidget(failureText);
+    auto *const top = new QHBoxLayout;
+    top->setSpacing(fontMetrics().height());
+    top->addWidget(new SymbolLabel(page), 0, Qt::AlignTop);
+    top->addLayout(texts, 1);
     auto *const layout = new QVBoxLayout(page);
-    layout->addWidget(failureTitle);
-    layout->addWidget(failureText);
+    layout->setSpacing(fontMetrics().height() / 2);
+    layout->addLayout(top);
     layout->addWidget(detailsButton);
     layout->addWidget(detailsText);
     layout->addSpacing(fontMetrics().height());

@@ -14,6 +14,13 @@
 #include <cstdio>
 #include <cstdlib>
 
+// Resources of an archive are linked only when somebody asks for them; the macro wants no namespace round it.
+static void initResources()
+{
+    Q_INIT_RESOURCE(desktop);
+    Q_INIT_RESOURCE(i18n);
+}
+
 namespace browser
 {
 
@@ -42,7 +49,8 @@ int failUsage(const QString &message)
     return ExitUsage;
 }
 
-// What still runs hangs on a device, and the local copies that it leaves are removed by the next program that makes one.
+// What still runs hangs on a device, and the local copies that it leaves are removed by the next program that makes
+// one.
 int finish(int status)
 {
     if (!waitForBackground(patience))
@@ -71,6 +79,7 @@ int showWindows(const CommandLine &wanted, const QByteArray &password)
 
 void setUpApplication(QApplication &application)
 {
+    initResources();
     setNames();
     QGuiApplication::setDesktopFileName(QStringLiteral("photolib-browser"));
     const QIcon own(QStringLiteral(":/desktop/photolib-browser.png"));
@@ -86,6 +95,7 @@ bool printedHelp(int argc, char **argv)
             asked = asked || qstrcmp(argv[number], name) == 0;
     if (!asked)
         return false;
+    initResources();
     setNames();
     QCoreApplication application(argc, argv);
     installTranslations(application);

@@ -49,8 +49,8 @@ TEST_F(WindowTest, ListsWhatWasOpenedBeforeAndForgetsItWhenAsked)
     auto *const list = waitForShown<QListView>(window, "deviceList");
     ASSERT_NE(list, nullptr);
     const auto rowOfSample = [&]() -> QModelIndex {
-        const auto found = list->model()->match(list->model()->index(0, 0), Qt::UserRole,
-                                                QStringLiteral("folder:") + sample->root());
+        const auto found =
+            list->model()->match(list->model()->index(0, 0), Qt::UserRole, QStringLiteral("folder:") + sample->root());
         return found.isEmpty() ? QModelIndex() : found.front();
     };
     ASSERT_TRUE(rowOfSample().isValid());
@@ -77,7 +77,9 @@ TEST_F(WindowTest, ListsBackupsInTheUsualPlaces)
     auto *const list = waitForShown<QListView>(window, "deviceList");
     ASSERT_NE(list, nullptr);
     EXPECT_TRUE(comesTrueSoon([list] {
-        return !list->model()->match(list->model()->index(0, 0), Qt::DisplayRole, QStringLiteral("Ben's phone")).isEmpty();
+        return !list->model()
+                    ->match(list->model()->index(0, 0), Qt::DisplayRole, QStringLiteral("Ben's phone"))
+                    .isEmpty();
     }));
     QDir(folder).removeRecursively();
 }
@@ -166,10 +168,10 @@ TEST_F(WindowTest, ListsTheBackupsOfAFolderThatHoldsSeveral)
     window->openDevice(place.filePath(QStringLiteral("backups")));
     EXPECT_TRUE(comesTrueSoon([&] {
         auto *const now = shown<QListView>(window, "deviceList");
-        return now != nullptr && now->model()
-                                         ->match(now->model()->index(0, 0), Qt::DisplayRole,
-                                                 QStringLiteral("Anna's phone"), -1)
-                                         .size() == 2;
+        return now != nullptr &&
+               now->model()
+                       ->match(now->model()->index(0, 0), Qt::DisplayRole, QStringLiteral("Anna's phone"), -1)
+                       .size() == 2;
     }));
     EXPECT_FALSE(textOf(window, "statusText").isEmpty());
 }
