@@ -12,6 +12,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QVBoxLayout>
 
 namespace browser
 {
@@ -48,7 +49,7 @@ ChoicesPage::ChoicesPage(const QString &deviceName, photoItem examplePhoto, qint
 {
     auto *form = new QFormLayout(this);
     form->setContentsMargins(0, 0, 0, 0);
-    form->setVerticalSpacing(12);
+    form->setVerticalSpacing(18);
     form->setHorizontalSpacing(16);
     form->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
     addDestination(form);
@@ -67,13 +68,16 @@ void ChoicesPage::addDestination(QFormLayout *form)
     destination->setAccessibleName(tr("Folder for the export"));
     auto *choose = new QPushButton(tr("&Choose…"));
     choose->setObjectName(QStringLiteral("chooseButton"));
+    choose->setAutoDefault(false);
     auto *row = new QHBoxLayout;
     row->addWidget(destination, 1);
     row->addWidget(choose);
     auto *label = new QLabel(tr("Export &to:"));
     label->setBuddy(destination);
-    form->addRow(label, row);
-    form->addRow(QString(), destinationNote);
+    auto *column = new QVBoxLayout;
+    column->addLayout(row);
+    column->addWidget(destinationNote);
+    form->addRow(label, column);
     connect(choose, &QPushButton::clicked, this, &ChoicesPage::chooseDestination);
     connect(destination, &QComboBox::editTextChanged, this, &ChoicesPage::destinationEdited);
 }
@@ -88,9 +92,13 @@ void ChoicesPage::addLayoutChoice(QFormLayout *form)
     ownLayout->setAccessibleName(tr("My own arrangement of folders and names"));
     ownLayout->setToolTip(fieldHelp());
     ownLayout->setVisible(false);
-    form->addRow(tr("&Arrange:"), layouts);
-    form->addRow(QString(), ownLayout);
-    form->addRow(QString(), layoutNote);
+    auto *column = new QVBoxLayout;
+    for (QWidget *widget :
+         {static_cast<QWidget *>(layouts), static_cast<QWidget *>(ownLayout), static_cast<QWidget *>(layoutNote)})
+        column->addWidget(widget);
+    auto *label = new QLabel(tr("&Arrange:"));
+    label->setBuddy(layouts);
+    form->addRow(label, column);
     connect(layouts, QOverload<int>::of(&QComboBox::currentIndexChanged), this, &ChoicesPage::layoutChosen);
     connect(ownLayout, &QLineEdit::textChanged, this, &ChoicesPage::layoutEdited);
 }
@@ -99,8 +107,10 @@ void ChoicesPage::addFurtherChoices(QFormLayout *form)
 {
     edited->setObjectName(QStringLiteral("editedCheck"));
     albums->setObjectName(QStringLiteral("albumsCheck"));
-    form->addRow(tr("Include:"), edited);
-    form->addRow(QString(), albums);
+    auto *column = new QVBoxLayout;
+    column->addWidget(edited);
+    column->addWidget(albums);
+    form->addRow(new QLabel(tr("Include:")), column);
     auto *existing = noteLabel("existingNote");
     existing->setText(
         tr("No file that is there already is ever replaced: what was exported before is recognised and not "

@@ -102,7 +102,7 @@ void ExportJob::start(const exporter::ExportOptions &options, const std::vector<
     Q_ASSERT(!isRunning());
     result = std::make_shared<ExportResult>();
     result->wasDryRun = options.dryRun;
-    paused = cancelled = false; // no other thread yet
+    cancelled = false; // no other thread yet
     exporter::ExportOptions complete = options;
     complete.lastOpenFailure = whyNotOpened;
     ++run;
@@ -122,6 +122,7 @@ void ExportJob::conclude(int number)
     if (number != run || !thread.joinable())
         return;
     thread.join();
+    paused = false;
     Q_EMIT finished(std::move(result));
 }
 
@@ -134,7 +135,7 @@ bool ExportJob::isPaused() const
 void ExportJob::pause()
 {
     const std::lock_guard<std::mutex> lock(mutex);
-    paused = isRunning() && !cancelled;
+    paused = true;
 }
 
 void ExportJob::resume()

@@ -54,7 +54,7 @@ public:
     bool isRunning() const { return thread.joinable(); }
     bool isPaused() const;
 
-    /// The run stops before its next photo or block, and goes on later.
+    /// The run, or the next one, stops before its next photo or block, and goes on later.
     void pause();
     void resume();
     /// Also while paused. finished() comes all the same.

@@ -55,8 +55,10 @@ public:
         const exporter::RunOutcome &outcome = result.outcome;
         switch (outcome.end) {
         case RunEnd::Completed:
-            return outcome.isSuccess() ? tr("Everything is exported.")
-                                       : tr("The export is done, but not everything worked.");
+            if (!outcome.isSuccess())
+                return tr("The export is done, but not everything worked.");
+            return outcome.count(FileStatus::Missing) == 0 ? tr("Everything is exported.")
+                                                           : tr("Everything that is on the device is exported.");
         case RunEnd::Cancelled:
             return tr("The export was cancelled.");
         case RunEnd::DeviceGone:

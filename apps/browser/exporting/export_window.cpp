@@ -98,7 +98,7 @@ void ExportWindow::arrange()
     column->setSpacing(20);
     column->addWidget(pages, 1);
     column->addLayout(buttons);
-    resize(640, 480);
+    resize(720, 500);
 }
 
 void ExportWindow::connectButtons()

@@ -43,8 +43,11 @@ void prepare(QTableView *table, QAbstractItemModel *model)
     table->verticalHeader()->hide();
     table->horizontalHeader()->setStretchLastSection(true);
     table->horizontalHeader()->setHighlightSections(false);
-    table->setColumnWidth(ProblemModel::KindColumn, 130);
-    table->setColumnWidth(ProblemModel::FileColumn, 220);
+    table->setTextElideMode(Qt::ElideMiddle);
+    const int letter = table->fontMetrics().averageCharWidth();
+    table->setColumnWidth(ProblemModel::KindColumn, 20 * letter);
+    table->setColumnWidth(ProblemModel::FileColumn, 28 * letter);
+    table->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
 }
 
 } // namespace
@@ -64,6 +67,8 @@ ResultPage::ResultPage(QWidget *parent)
     save->setObjectName(QStringLiteral("saveProblemsButton"));
     connect(copy, &QPushButton::clicked, this, &ResultPage::copyProblems);
     connect(save, &QPushButton::clicked, this, &ResultPage::saveProblems);
+    copy->setAutoDefault(false);
+    save->setAutoDefault(false);
     auto *buttons = new QHBoxLayout;
     buttons->addWidget(further, 1);
     buttons->addWidget(copy);
@@ -78,8 +83,8 @@ ResultPage::ResultPage(QWidget *parent)
     column->addWidget(title);
     column->addWidget(counts);
     column->addWidget(note);
-    column->addWidget(problems, 1);
-    column->addStretch(0);
+    column->addWidget(problems, 1000); // all the room, when there are any
+    column->addStretch(1);
 }
 
 void ResultPage::showResult(const std::shared_ptr<const ExportResult> &result, const QString &heading,

@@ -200,8 +200,8 @@ void Viewer::showPicture(qint64 id, const SharedPicture &picture)
 PhotoPlace Viewer::placeOfCurrent() const
 {
     const Photo *const photo = opened->snapshot().find(currentId());
-    return {item.fileName, photo != nullptr && photo->is(CloudOnly),
-            opened->deviceName().startsWith(QLatin1String("backup:"))};
+    const bool inCloud = item.cloudLocalState == 1 || (photo != nullptr && photo->is(CloudOnly));
+    return {item.fileName, inCloud, opened->deviceName().startsWith(QLatin1String("backup:"))};
 }
 
 void Viewer::playCurrent(FilmPart part)

@@ -8,6 +8,15 @@ namespace browser
 namespace
 {
 
+// A name without places to break would not fit into the panel.
+PhotoPlace withShortName(PhotoPlace place)
+{
+    constexpr int longest = 34, end = 10;
+    if (place.fileName.size() > longest)
+        place.fileName = place.fileName.left(longest - end - 1) + QChar(0x2026) + place.fileName.right(end);
+    return place;
+}
+
 class ViewerTexts
 {
     Q_DECLARE_TR_FUNCTIONS(browser::ViewerTexts)
@@ -79,8 +88,9 @@ public:
 
 } // namespace
 
-QString problemText(const Picture &picture, const PhotoPlace &place)
+QString problemText(const Picture &picture, const PhotoPlace &photo)
 {
+    const PhotoPlace place = withShortName(photo);
     switch (picture.problem) {
     case PictureProblem::None:
     case PictureProblem::GivenUp:
@@ -96,8 +106,9 @@ QString problemText(const Picture &picture, const PhotoPlace &place)
     }
 }
 
-QString problemText(const Film &film, const PhotoPlace &place)
+QString problemText(const Film &film, const PhotoPlace &photo)
 {
+    const PhotoPlace place = withShortName(photo);
     switch (film.state) {
     case CopyEnd::Complete:
     case CopyEnd::Cancelled:

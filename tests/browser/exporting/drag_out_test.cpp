@@ -93,7 +93,7 @@ TEST_F(Dragging, OfTooManyPhotosGivesNothingAndSaysWhatToDo)
 
 TEST_F(Dragging, CancelledGivesNothing)
 {
-    browser::DragCopy copy(library, asVector(here));
+    browser::DragCopy copy(library, asVector(some));
     copy.cancel();
     copy.start();
     ASSERT_TRUE(QTest::qWaitFor([&] { return copy.isFinished(); }, patience));
@@ -102,7 +102,7 @@ TEST_F(Dragging, CancelledGivesNothing)
 
 TEST_F(Dragging, EndsWhileFilesAreRead)
 {
-    auto copy = std::make_unique<browser::DragCopy>(library, asVector(here));
+    auto copy = std::make_unique<browser::DragCopy>(library, asVector(some));
     copy->start();
     copy.reset();
     QCoreApplication::processEvents();

@@ -192,7 +192,7 @@ TEST_F(ExportingWindow, EndsInGoodOrderWhenItIsWaitedFor)
 
 TEST_F(ExportingWindow, GoesAwayWhileItRuns)
 {
-    open(here);
+    open(some);
     plan();
     button("nextButton")->click();
     window.reset();
