@@ -1,21 +1,15 @@
 #ifndef APPS_CLI_DEVICE_PLACE_H
 #define APPS_CLI_DEVICE_PLACE_H
 
+#include "devicehost/device_place.h"
+
 #include <QString>
 
 namespace photocli
 {
 
-/// Where a path of this computer lies, seen from the folder that a device is read from.
-enum class Place {
-    Apart,  ///< neither of the two below, or the device is in no folder
-    Within, ///< the device's folder itself, or something in it
-    Around, ///< a folder that holds the device's folder
-};
-
-/// `device` is the device's name with its scheme. `path` need not be there. Folders are compared, not names: symbolic
-/// links and second mounts deceive nobody.
-Place placeOf(const QString &path, const QString &device);
+using devicehost::Place;
+using devicehost::placeOf;
 
 /// Throws a usage Failure when `path`, which is about to be written, lies within the device: nothing is ever written
 /// to one.

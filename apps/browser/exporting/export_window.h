@@ -6,8 +6,20 @@
 #include <QDialog>
 #include <QVector>
 
+#include <vector>
+
+class QPushButton;
+class QStackedWidget;
+
 namespace browser
 {
+
+class ChoicesPage;
+class ExportJob;
+class ProgressPage;
+class ResultPage;
+struct ExportChoices;
+struct ExportResult;
 
 /// Exports photos step by step: where and how, what would be done, progress, result. Not modal: the library can be
 /// browsed meanwhile.
@@ -24,9 +36,49 @@ public:
     /// Ends a running export in good order, and waits for it: what is complete stays.
     void cancelAndWait();
 
+public Q_SLOTS:
+    /// Also when the window is closed.
+    void reject() override;
+
 private:
+    enum class Step { Choosing, Planning, Planned, Running, Done };
+    using Result = std::shared_ptr<const ExportResult>;
+
+    void arrange();
+    QPushButton *addButton(const char *name, const QString &text);
+    void connectButtons();
+    void goTo(Step next);
+    void plan();
+    void run(const std::vector<qint64> &ids);
+    void finished(const Result &result);
+    void showPlan(const Result &result);
+    void showEnd(const Result &result);
+    QString planNote(const ExportResult &result) const;
+    void next();
+    void again();
+    void cancelOrClose();
+    void togglePause();
+    void showFolder();
+    bool mayClose();
+
     const std::shared_ptr<OpenedLibrary> opened;
-    const QVector<qint64> photos;
+    const std::vector<qint64> photos;
+    std::vector<qint64> inHand; ///< what the last run was asked for
+    std::vector<qint64> repeat; ///< what remains to be done after it
+    Step step = Step::Choosing;
+    bool closeAfterwards = false;
+
+    ChoicesPage *choices;
+    ProgressPage *const progress;
+    ResultPage *const result;
+    QStackedWidget *const pages;
+    ExportJob *const job;
+    QPushButton *folderButton;
+    QPushButton *againButton;
+    QPushButton *backButton;
+    QPushButton *pauseButton;
+    QPushButton *cancelButton;
+    QPushButton *nextButton;
 };
 
 } // namespace browser

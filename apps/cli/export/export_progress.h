@@ -1,14 +1,16 @@
 #ifndef APPS_CLI_EXPORT_EXPORT_PROGRESS_H
 #define APPS_CLI_EXPORT_EXPORT_PROGRESS_H
 
-#include "apps/cli/export/transfer_rate.h"
 #include "apps/cli/progress_bar.h"
 #include "exporter/observer.h"
+#include "exporter/transfer_rate.h"
 
 #include <QElapsedTimer>
 
 namespace photocli
 {
+
+using exporter::TransferRate;
 
 /// The line for `progress`, such as "copying  [#####-----]  1.2 GB of 2.4 GB  31.0 MB/s  0:40 left".
 QString exportLine(const exporter::ExportProgress &progress, const TransferRate &rate);

@@ -1,9 +1,9 @@
-#ifndef APPS_CLI_EXPORT_TRANSFER_RATE_H
-#define APPS_CLI_EXPORT_TRANSFER_RATE_H
+#ifndef EXPORTER_TRANSFER_RATE_H
+#define EXPORTER_TRANSFER_RATE_H
 
 #include <QtGlobal>
 
-namespace photocli
+namespace exporter
 {
 
 /// How fast bytes come, smoothed over some seconds so that it can be read.
@@ -29,6 +29,6 @@ private:
     double rate = 0;
 };
 
-} // namespace photocli
+} // namespace exporter
 
 #endif

@@ -1,8 +1,8 @@
-#include "apps/cli/export/transfer_rate.h"
+#include "exporter/transfer_rate.h"
 
 #include <cmath>
 
-namespace photocli
+namespace exporter
 {
 
 namespace
@@ -38,4 +38,4 @@ qint64 TransferRate::secondsFor(qint64 bytes) const
     return static_cast<qint64>(std::ceil(static_cast<double>(bytes) / rate));
 }
 
-} // namespace photocli
+} // namespace exporter

@@ -1,0 +1,113 @@
+#include "apps/browser/exporting/destination_check.h"
+
+#include "devicehost/device_place.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFileInfo>
+#include <QStorageInfo>
+
+#include <new>
+
+namespace browser
+{
+
+namespace
+{
+
+class DestinationTexts
+{
+    Q_DECLARE_TR_FUNCTIONS(browser::DestinationChecker)
+
+public:
+    static QString problemOf(const QString &path, const QFileInfo &existing, const QString &deviceName)
+    {
+        if (path.isEmpty())
+            return tr("Choose a folder for the export.");
+        if (QDir::isRelativePath(path))
+            return tr("The name of the folder must begin with “/”. Choose the folder with the button beside it.");
+        switch (devicehost::placeOf(path, deviceName)) {
+        case devicehost::Place::Within:
+            return tr("This folder belongs to the device, to which nothing is ever written. Choose another folder.");
+        case devicehost::Place::Around:
+            return tr("This folder holds the device's own folder, to which nothing is ever written. Choose a folder "
+                      "beside that.");
+        case devicehost::Place::Apart:
+            break;
+        }
+        if (!existing.isDir())
+            return tr("“%1” is a file, not a folder. Choose another folder.").arg(existing.filePath());
+        if (!existing.isWritable())
+            return tr("You may not write into “%1”. Choose another folder.").arg(existing.filePath());
+        return {};
+    }
+};
+
+// The path, or the first folder above it that is there.
+QFileInfo existingPartOf(const QString &path)
+{
+    QFileInfo part(path);
+    while (!part.exists() && part.path() != part.filePath())
+        part = QFileInfo(part.path());
+    return part;
+}
+
+} // namespace
+
+DestinationState checkDestination(const QString &path, const QString &deviceName)
+{
+    const QString cleaned = path.isEmpty() ? path : QDir::cleanPath(path);
+    const QFileInfo existing = existingPartOf(cleaned);
+    DestinationState state{path, DestinationTexts::problemOf(cleaned, existing, deviceName), -1};
+    if (state.problem.isEmpty())
+        state.freeBytes = QStorageInfo(existing.filePath()).bytesAvailable();
+    return state;
+}
+
+DestinationChecker::DestinationChecker(QString deviceName, QObject *parent)
+    : QObject(parent), device(std::move(deviceName))
+{
+    worker = std::thread([this] { work(); });
+}
+
+DestinationChecker::~DestinationChecker()
+{
+    {
+        const std::lock_guard<std::mutex> lock(mutex);
+        closing = true;
+    }
+    changed.notify_all();
+    worker.join();
+}
+
+void DestinationChecker::request(const QString &path)
+{
+    {
+        const std::lock_guard<std::mutex> lock(mutex);
+        wanted = path;
+        asked = true;
+    }
+    changed.notify_all();
+}
+
+void DestinationChecker::work()
+{
+    for (;;) {
+        QString path;
+        {
+            std::unique_lock<std::mutex> lock(mutex);
+            changed.wait(lock, [this] { return asked || closing; });
+            if (closing)
+                return;
+            path = wanted;
+            asked = false;
+        }
+        try {
+            const DestinationState state = checkDestination(path, device);
+            QMetaObject::invokeMethod(this, [this, state] { Q_EMIT checked(state); });
+        } catch (const std::bad_alloc &) { // asked again with the next change
+        }
+    }
+}
+
+} // namespace browser

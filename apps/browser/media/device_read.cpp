@@ -1,0 +1,81 @@
+#include "apps/browser/media/device_read.h"
+
+#include "devicehost/open_error.h"
+#include "exporter/asset_files.h"
+#include "photolib/host/iipod.h"
+#include "photolib/host/vdev.h"
+#include "photolib/photo_item.h"
+
+#include <memory>
+#include <vector>
+
+namespace browser
+{
+
+namespace
+{
+
+constexpr int blockSize = 1024 * 1024;
+
+struct Close {
+    void operator()(VDev *device) const { vDevClose(device); }
+    void operator()(VFile *file) const { vFileClose(file); }
+};
+using Device = std::unique_ptr<VDev, Close>;
+using File = std::unique_ptr<VFile, Close>;
+
+File openFile(const Device &device, const QString &path)
+{
+    return File(vFileOpen(device.get(), path.toUtf8().constData(), 0));
+}
+
+// In a mounted folder, a device that went away looks like one without files. The database is on every device.
+bool isThere(const Device &device)
+{
+    return openFile(device, QStringLiteral("/PhotoData/Photos.sqlite")) != nullptr;
+}
+
+ReadResult whyNotOpened(const Device &device)
+{
+    const devicehost::OpenError error = devicehost::lastOpenError();
+    if (!isThere(device))
+        return {ReadEnd::DeviceGone, {}};
+    if (error.absent)
+        return {ReadEnd::Absent, {}};
+    return {ReadEnd::Failed,
+            error.advice.isEmpty() ? error.text : QStringLiteral("%1; %2").arg(error.text, error.advice)};
+}
+
+} // namespace
+
+QString originalPathOf(const photoItem &photo)
+{
+    return exporter::originalPath(photo);
+}
+
+ReadResult readDeviceFile(IIPod &host, const QString &path, const BlockReceiver &receive)
+{
+    const Device device(vDevOpen(VDevDevice, host.devicePath().toLocal8Bit().constData()));
+    if (!device)
+        return {ReadEnd::DeviceGone, {}};
+    const File file = openFile(device, path);
+    if (!file)
+        return whyNotOpened(device);
+    const qint64 total = vFileSeek(file.get(), 0, 2);
+    if (total < 0 || vFileSeek(file.get(), 0, 0) != 0)
+        return {isThere(device) ? ReadEnd::Failed : ReadEnd::DeviceGone, {}};
+    if (!receive(nullptr, 0, total))
+        return {ReadEnd::GivenUp, {}};
+    std::vector<char> block(blockSize);
+    for (qint64 done = 0; done < total;) {
+        const int count = vFileRead(file.get(), block.data(), blockSize);
+        if (count <= 0 || count > blockSize)
+            return {isThere(device) ? ReadEnd::Failed : ReadEnd::DeviceGone, {}};
+        done += count;
+        if (!receive(block.data(), count, total))
+            return {ReadEnd::GivenUp, {}};
+    }
+    return {};
+}
+
+} // namespace browser

@@ -1,0 +1,93 @@
+#include "apps/browser/viewer/film_copy.h"
+
+#include "apps/browser/media/device_read.h"
+#include "devicehost/device_host.h"
+#include "devicehost/private_folder.h"
+
+#include <QFileInfo>
+#include <QStringList>
+
+namespace browser
+{
+
+namespace
+{
+
+// What the system opens with a player, and never runs.
+bool hasFilmName(const QString &path)
+{
+    static const QStringList extensions{QStringLiteral("mov"), QStringLiteral("mp4"), QStringLiteral("m4v"),
+                                        QStringLiteral("avi"), QStringLiteral("3gp"), QStringLiteral("3g2"),
+                                        QStringLiteral("mkv"), QStringLiteral("mpg"), QStringLiteral("mpeg")};
+    return extensions.contains(QFileInfo(path).suffix().toLower());
+}
+
+QStringList candidates(OpenedLibrary &library, qint64 id, FilmPart part)
+{
+    const std::optional<photoItem> photo = library.item(id);
+    const QString original = photo ? originalPathOf(*photo) : QString();
+    if (original.isEmpty())
+        return {};
+    if (part == FilmPart::Original)
+        return {original};
+    const QFileInfo file(original);
+    const QString stem = file.path() + QLatin1Char('/') + file.completeBaseName();
+    return {stem + QStringLiteral(".MOV"), stem + QStringLiteral(".mov")};
+}
+
+// The file itself, when the device is a folder of this computer and the file really lies in it; else empty.
+QString localFile(const OpenedLibrary &library, const QString &path)
+{
+    const QString scheme = QStringLiteral("folder:");
+    if (!library.deviceName().startsWith(scheme) || !hasFilmName(path))
+        return {};
+    const QString root = QFileInfo(library.deviceName().mid(scheme.size())).canonicalFilePath();
+    const QFileInfo file(QFileInfo(root + path).canonicalFilePath());
+    const bool isInside = !root.isEmpty() && file.filePath().startsWith(root + QLatin1Char('/'));
+    return isInside && file.isFile() && hasFilmName(file.filePath()) ? file.filePath() : QString();
+}
+
+QString nameFor(const QString &path)
+{
+    const QFileInfo file(path);
+    QString stem = file.completeBaseName();
+    if (stem.isEmpty() || stem.startsWith(QLatin1Char('.')))
+        stem.prepend(QStringLiteral("film"));
+    return stem.left(80) + QLatin1Char('.') + (hasFilmName(path) ? file.suffix() : QStringLiteral("mov"));
+}
+
+Film copied(OpenedLibrary &library, const QString &path, const CopyProgress &progress)
+{
+    Film film;
+    film.folder = std::make_shared<devicehost::PrivateFolder>();
+    film.path = QString::fromUtf8(film.folder->path()) + nameFor(path);
+    if (film.folder->path().isEmpty()) {
+        film.state = CopyEnd::CannotWrite;
+        film.reason = qt_error_string(film.folder->error());
+        return film;
+    }
+    const CopyResult result = copyDeviceFile(library.host(), path, film.path, progress);
+    film.state = result.end;
+    film.reason = result.reason;
+    return film;
+}
+
+} // namespace
+
+Film fetchFilm(OpenedLibrary &library, qint64 id, FilmPart part, const CopyProgress &progress)
+{
+    Film film;
+    for (const QString &path : candidates(library, id, part)) {
+        film.path = localFile(library, path);
+        if (!film.path.isEmpty()) {
+            film.state = CopyEnd::Complete;
+            return film;
+        }
+        film = copied(library, path, progress);
+        if (film.state != CopyEnd::Absent)
+            return film;
+    }
+    return film;
+}
+
+} // namespace browser
