@@ -15,7 +15,7 @@ check=("${test[@]}" clang-format clang-tidy shellcheck git strace abigail-tools 
 # clang's own version of Debian; the runtime library holds the fuzzer, llvm the tool that names the lines of a crash.
 fuzz=("${test[@]}" clang libclang-rt-14-dev llvm)
 # Other programs for the same work, to compare with.
-bench=("${build[@]}" libbenchmark-dev ffmpeg git python3 sqlite3 ifuse fuse openssl)
+bench=("${build[@]}" libbenchmark-dev ffmpeg git heaptrack python3 sqlite3 ifuse fuse openssl)
 
 wanted=()
 for group in "$@"; do

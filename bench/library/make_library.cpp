@@ -1,5 +1,5 @@
-// make_library FOLDER ASSETS [--synced] [--one-burst] [--one-album] [--small-albums] [--files COUNT BYTES]: writes a
-// device folder with a made-up library.
+// make_library FOLDER ASSETS [--synced] [--one-burst] [--own-places] [--one-album] [--small-albums]
+// [--files COUNT BYTES]: writes a device folder with a made-up library.
 
 #include "bench/library/recipe.h"
 
@@ -20,6 +20,8 @@ int main(int argc, char **argv)
             recipe.synced = true;
         } else if (option == "--one-burst") {
             recipe.oneBurst = true;
+        } else if (option == "--own-places") {
+            recipe.ownPlaces = true;
         } else if (option == "--one-album") {
             recipe.albums = bench::Albums::OneOfAll;
         } else if (option == "--small-albums") {
@@ -32,8 +34,8 @@ int main(int argc, char **argv)
         }
     }
     if (!understood) {
-        std::fputs("usage: make_library FOLDER ASSETS [--synced] [--one-burst] [--one-album] [--small-albums] "
-                   "[--files COUNT BYTES]\n",
+        std::fputs("usage: make_library FOLDER ASSETS [--synced] [--one-burst] [--own-places] [--one-album] "
+                   "[--small-albums] [--files COUNT BYTES]\n",
                    stderr);
         return 2;
     }

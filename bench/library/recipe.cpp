@@ -28,9 +28,8 @@ constexpr int membersOfAMemory = 100;
 constexpr int photosOfABurst = 10;
 constexpr int photosOfAPlace = 8;
 
-void addPlace(AssetRow *row, int n)
+void addPlace(AssetRow *row, int place)
 {
-    const int place = n / photosOfAPlace;
     row->latitude = 47.0 + 0.0001 * (place % 30000);
     row->longitude = 8.0 + 0.0003 * (place / 30000);
 }
@@ -63,8 +62,10 @@ AssetRow assetOf(int n, const Recipe &recipe)
         row.kindSubtype = 2;
     else if (n % 10 == 4)
         row.kindSubtype = 10;
-    if (n % 10 < 6)
+    if (recipe.ownPlaces)
         addPlace(&row, n);
+    else if (n % 10 < 6)
+        addPlace(&row, n / photosOfAPlace);
     if (recipe.oneBurst || n % 500 < photosOfABurst)
         addBurst(&row, recipe.oneBurst ? n % 500 : n);
     return row;

@@ -14,9 +14,10 @@ enum class Albums {
 
 /// What a library holds. The same recipe makes the same library.
 struct Recipe {
-    int assets = 0;        ///< photos and videos, a tenth of them videos
-    bool synced = false;   ///< all of them were placed on the device by a host
-    bool oneBurst = false; ///< all of them are one burst
+    int assets = 0;         ///< photos and videos, a tenth of them videos
+    bool synced = false;    ///< all of them were placed on the device by a host
+    bool oneBurst = false;  ///< all of them are one burst
+    bool ownPlaces = false; ///< each has a place that no other has
     Albums albums = Albums::Usual;
     int files = 0;        ///< so many of the first have a file
     qint64 fileBytes = 0; ///< of each file

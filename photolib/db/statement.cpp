@@ -16,7 +16,7 @@ bool Row::blob(int column, QByteArray *out) const
     const auto *bytes = static_cast<const char *>(sqlite3_column_blob(statement, column));
     if (!bytes)
         return false;
-    out->append(bytes, sqlite3_column_bytes(statement, column));
+    *out = QByteArray(bytes, sqlite3_column_bytes(statement, column)); // append() would take room to grow
     return true;
 }
 
