@@ -1,4 +1,5 @@
-// The library itself over a phone whose connections break.
+// The library itself over a phone whose connections break: at every byte of what is small, and at some of what looks
+// alike to the protocol, the middle of the database's files. scripts/test-every-cut.sh breaks them there, too.
 
 #include "memory_phone.h"
 #include "phone_reading.h"
@@ -30,10 +31,12 @@ struct Opened {
     QByteArray thumbnail;
     QByteArray file;
     QString failure;
-    qint64 bytesOfOpening = 0;
 };
 
-class LibraryOverABreakingPhone : public testing::Test
+/// Tests run in as many parts, which take turns over the bytes.
+constexpr int parts = 8;
+
+class LibraryOverABreakingPhone : public testing::TestWithParam<int>
 {
 protected:
     LibraryOverABreakingPhone()
@@ -41,6 +44,7 @@ protected:
         qputenv("TMPDIR", temporary.path().toUtf8());
         testkit::BuilderOptions plain;
         plain.builtinAlbums = false;
+        plain.indices = false;
         testkit::LibraryBuilder builder(testkit::Era::Ios16, plain);
         for (int n = 1; n <= photos; ++n) {
             testkit::AssetRow row;
@@ -68,7 +72,6 @@ protected:
             return result;
         result.opened = manager->openLibrary();
         result.failure = host.failure();
-        result.bytesOfOpening = phone->bytesSent;
         if (!result.opened)
             return result;
         result.photoCount = manager->getPhotoCount();
@@ -91,6 +94,45 @@ protected:
         EXPECT_TRUE(result.file.isEmpty() || result.file == photo);
     }
 
+    /// This part's share of the bytes behind which connections break.
+    QList<qint64> cuts()
+    {
+        QList<qint64> starts; // of the answers
+        qint64 sent = 0;
+        MemoryPhone whole;
+        whole.edit = [&](int, devicehost::afc::Operation, QByteArray *answer) {
+            starts += sent;
+            sent += answer->size();
+        };
+        const Opened expected = openOver(&whole);
+        EXPECT_TRUE(expected.opened) << expected.failure.toStdString();
+        EXPECT_EQ(expected.photoCount, photos);
+        EXPECT_EQ(expected.thumbnail, thumbnail);
+        EXPECT_EQ(expected.file, photo);
+        EXPECT_EQ(sent, whole.bytesSent);
+        starts += sent;
+        QList<qint64> all;
+        for (int i = 0; i + 1 < starts.size(); ++i)
+            all += cutsWithin(starts[i], starts[i + 1]);
+        QList<qint64> share;
+        for (int i = GetParam(); i < all.size(); i += parts)
+            share += all[i];
+        EXPECT_FALSE(share.isEmpty());
+        return share;
+    }
+
+    static QList<qint64> cutsWithin(qint64 begin, qint64 end)
+    {
+        constexpr qint64 edge = 100;
+        constexpr int placesBetween = 12;
+        const bool isSmall = end - begin < 6 * edge || !qEnvironmentVariableIsEmpty("PHOTOLIB_EVERY_CUT");
+        const qint64 stride = isSmall ? 1 : (end - begin) / placesBetween;
+        QList<qint64> cuts;
+        for (qint64 cut = begin; cut < end; cut += cut < begin + edge || cut >= end - edge ? 1 : stride)
+            cuts += cut;
+        return cuts;
+    }
+
     QTemporaryDir temporary;
     QList<qint64> ids;
     QMap<QByteArray, QByteArray> files;
@@ -100,22 +142,9 @@ protected:
 
 } // namespace
 
-TEST_F(LibraryOverABreakingPhone, ACutIsMendedWhereverItComes)
+TEST_P(LibraryOverABreakingPhone, ACutIsMendedWhereverItComes)
 {
-    MemoryPhone whole;
-    const Opened expected = openOver(&whole);
-    ASSERT_TRUE(expected.opened) << expected.failure.toStdString();
-    ASSERT_EQ(expected.photoCount, photos);
-    ASSERT_EQ(expected.thumbnail, thumbnail);
-    ASSERT_EQ(expected.file, photo);
-    // An opening takes some milliseconds and sends some hundred thousand bytes of the database, which look alike to
-    // the protocol: it is cut at a few of them, and at every seventh byte of the thumbnail and the file behind it.
-    QList<qint64> cuts;
-    for (qint64 cut = 0; cut < expected.bytesOfOpening; cut += expected.bytesOfOpening / 12)
-        cuts += cut;
-    for (qint64 cut = expected.bytesOfOpening; cut < whole.bytesSent; cut += 23)
-        cuts += cut;
-    for (const qint64 cut : cuts) {
+    for (const qint64 cut : cuts()) {
         SCOPED_TRACE(cut);
         MemoryPhone phone;
         phone.cutAfter = cut;
@@ -130,11 +159,9 @@ TEST_F(LibraryOverABreakingPhone, ACutIsMendedWhereverItComes)
     }
 }
 
-TEST_F(LibraryOverABreakingPhone, APhoneThatIsUnpluggedIsAFailureThatIsSaid)
+TEST_P(LibraryOverABreakingPhone, APhoneThatIsUnpluggedIsAFailureThatIsSaid)
 {
-    MemoryPhone whole;
-    const Opened expected = openOver(&whole);
-    for (qint64 cut = 0; cut < whole.bytesSent; cut += whole.bytesSent / 40) {
+    for (const qint64 cut : cuts()) {
         SCOPED_TRACE(cut);
         MemoryPhone phone;
         phone.cutAfter = cut;
@@ -151,3 +178,5 @@ TEST_F(LibraryOverABreakingPhone, APhoneThatIsUnpluggedIsAFailureThatIsSaid)
         EXPECT_EQ(phone.openConnections, 0);
     }
 }
+
+INSTANTIATE_TEST_SUITE_P(Parts, LibraryOverABreakingPhone, testing::Range(0, parts));
