@@ -16,8 +16,8 @@ constexpr int scrollLabelTime = 900;               // milliseconds
 
 } // namespace
 
-PhotoGrid::PhotoGrid(PhotoModel &photos, ThumbnailLoader &thumbnails, QWidget *parent)
-    : QListView(parent), model(photos), loader(thumbnails), cache(cacheBytes)
+PhotoGrid::PhotoGrid(PhotoModel &model, ThumbnailLoader &thumbnails, QWidget *parent)
+    : QListView(parent), photos(model), loader(thumbnails), cache(cacheBytes)
 {
     setModel(&photos);
     setObjectName(QStringLiteral("photoGrid"));
@@ -40,22 +40,22 @@ PhotoGrid::PhotoGrid(PhotoModel &photos, ThumbnailLoader &thumbnails, QWidget *p
     connect(verticalScrollBar(), &QScrollBar::sliderMoved, this, [this] { scrollLabel.start(); });
 }
 
-void PhotoGrid::show(const std::shared_ptr<const PhotoList> &photos, bool keep)
+void PhotoGrid::show(const std::shared_ptr<const PhotoList> &list, bool keep)
 {
     const QVector<qint64> selected = keep ? selectedIds() : QVector<qint64>();
-    const qint64 current = keep && currentIndex().isValid() ? model.idAt(currentIndex().row()) : 0;
-    const qint64 anchored = keep && anchor >= 0 ? model.idAt(anchor) : 0;
+    const qint64 current = keep && currentIndex().isValid() ? photos.idAt(currentIndex().row()) : 0;
+    const qint64 anchored = keep && anchor >= 0 ? photos.idAt(anchor) : 0;
     band.reset();
     pressed = hovered = hoveredHeading = -1;
-    model.setPhotos(photos);
+    photos.setPhotos(list);
     doItemsLayout();
-    anchor = model.rowOf(anchored);
-    const int row = model.rowOf(current);
+    anchor = photos.rowOf(anchored);
+    const int row = photos.rowOf(current);
     if (row >= 0)
-        selectionModel()->setCurrentIndex(model.index(row), QItemSelectionModel::NoUpdate);
+        selectionModel()->setCurrentIndex(photos.index(row), QItemSelectionModel::NoUpdate);
     selectIds(selected);
     if (row >= 0)
-        scrollTo(model.index(row));
+        scrollTo(photos.index(row));
     else
         verticalScrollBar()->setValue(0);
     requestThumbnails();
@@ -69,11 +69,11 @@ void PhotoGrid::setCellSize(int side)
     const auto [first, behind] = visibleRows();
     const bool keepCurrent = currentIndex().row() >= first && currentIndex().row() < behind;
     const int fixed = keepCurrent ? currentIndex().row() : (first + behind) / 2;
-    const int before = behind > first ? layout.cell(fixed).center().y() - verticalOffset() : 0;
+    const int before = behind > first ? places.cell(fixed).center().y() - verticalOffset() : 0;
     metrics.cell = bounded;
     doItemsLayout();
     if (behind > first)
-        verticalScrollBar()->setValue(layout.cell(fixed).center().y() - before);
+        verticalScrollBar()->setValue(places.cell(fixed).center().y() - before);
     Q_EMIT cellSizeChanged(bounded);
 }
 
@@ -81,7 +81,7 @@ void PhotoGrid::doItemsLayout()
 {
     metrics.width = viewport()->width();
     metrics.heading = fontMetrics().height() * 2 + 8;
-    layout.arrange(model.photos(), metrics);
+    places.arrange(photos.photos(), metrics);
     QAbstractItemView::doItemsLayout();
     requestThumbnails();
 }
@@ -91,8 +91,8 @@ void PhotoGrid::updateGeometries()
     QScrollBar *bar = verticalScrollBar();
     const int page = viewport()->height();
     bar->setPageStep(page);
-    bar->setSingleStep(std::max(20, layout.linePitch() / 3));
-    bar->setRange(0, std::max(0, layout.height() - page));
+    bar->setSingleStep(std::max(20, places.linePitch() / 3));
+    bar->setRange(0, std::max(0, places.height() - page));
     horizontalScrollBar()->setRange(0, 0);
 }
 
@@ -100,11 +100,11 @@ void PhotoGrid::resizeEvent(QResizeEvent *event)
 {
     QAbstractItemView::resizeEvent(event);
     const auto [first, behind] = visibleRows();
-    const int kept = first < behind ? layout.cell(first).top() - verticalOffset() : 0;
+    const int kept = first < behind ? places.cell(first).top() - verticalOffset() : 0;
     if (event->size().width() != metrics.width)
         doItemsLayout();
     if (first < behind && first > 0)
-        verticalScrollBar()->setValue(layout.cell(first).top() - kept);
+        verticalScrollBar()->setValue(places.cell(first).top() - kept);
     requestThumbnails();
 }
 
@@ -133,26 +133,26 @@ int PhotoGrid::verticalOffset() const
 
 QRect PhotoGrid::visualRect(const QModelIndex &index) const
 {
-    if (!index.isValid() || index.row() >= model.rowCount())
+    if (!index.isValid() || index.row() >= photos.rowCount())
         return {};
-    return layout.cell(index.row()).translated(0, -verticalOffset());
+    return places.cell(index.row()).translated(0, -verticalOffset());
 }
 
 QModelIndex PhotoGrid::indexAt(const QPoint &point) const
 {
     if (headingAt(point) >= 0)
         return {};
-    const int row = layout.at(contents(point));
-    return row < 0 ? QModelIndex() : model.index(row);
+    const int row = places.at(contents(point));
+    return row < 0 ? QModelIndex() : photos.index(row);
 }
 
 void PhotoGrid::scrollTo(const QModelIndex &index, ScrollHint hint)
 {
-    if (!index.isValid() || index.row() >= model.rowCount())
+    if (!index.isValid() || index.row() >= photos.rowCount())
         return;
-    const QRect cell = layout.cell(index.row());
+    const QRect cell = places.cell(index.row());
     const int page = viewport()->height();
-    const bool hasHeadings = model.photos() != nullptr && model.photos()->hasHeadings;
+    const bool hasHeadings = photos.photos() != nullptr && photos.photos()->hasHeadings;
     const int top = cell.top() - (hasHeadings ? metrics.heading : metrics.margin);
     const int bottom = cell.bottom() + 1 + metrics.margin - page;
     const int value = verticalOffset();
@@ -166,7 +166,7 @@ void PhotoGrid::scrollTo(const QModelIndex &index, ScrollHint hint)
 
 std::pair<int, int> PhotoGrid::visibleRows() const
 {
-    return layout.touching(verticalOffset(), verticalOffset() + viewport()->height() - 1);
+    return places.touching(verticalOffset(), verticalOffset() + viewport()->height() - 1);
 }
 
 int PhotoGrid::pixelsOfCell() const
@@ -182,14 +182,14 @@ void PhotoGrid::requestThumbnails()
     const int side = pixelsOfCell();
     QVector<qint64> ids;
     const auto add = [&](int row) {
-        const qint64 id = model.idAt(row);
+        const qint64 id = photos.idAt(row);
         const LoadedThumbnail *known = cache.find(id);
         if (known == nullptr || known->side != side)
             ids += id;
     };
     for (int row = first; row < behind; ++row)
         add(row);
-    for (int row = behind; row < std::min(model.rowCount(), behind + page); ++row)
+    for (int row = behind; row < std::min(photos.rowCount(), behind + page); ++row)
         add(row);
     for (int row = first - 1; row >= std::max(0, first - page / 2); --row)
         add(row);
@@ -203,9 +203,9 @@ void PhotoGrid::takeThumbnails(const QVector<LoadedThumbnail> &thumbnails)
     for (const LoadedThumbnail &thumbnail : thumbnails) {
         cache.insert(thumbnail);
         isStale = isStale || thumbnail.side != side;
-        const int row = model.rowOf(thumbnail.id);
+        const int row = photos.rowOf(thumbnail.id);
         if (row >= 0)
-            viewport()->update(layout.cell(row).translated(0, -verticalOffset()));
+            viewport()->update(places.cell(row).translated(0, -verticalOffset()));
     }
     if (isStale)
         requestThumbnails();
@@ -230,15 +230,15 @@ QVector<qint64> PhotoGrid::selectedIds() const
     const QVector<int> rows = selectedRows();
     ids.reserve(rows.size());
     for (const int row : rows)
-        ids += model.idAt(row);
+        ids += photos.idAt(row);
     return ids;
 }
 
 void PhotoGrid::makeCurrent(int row)
 {
     anchor = row;
-    selectionModel()->setCurrentIndex(model.index(row), QItemSelectionModel::ClearAndSelect);
-    scrollTo(model.index(row));
+    selectionModel()->setCurrentIndex(photos.index(row), QItemSelectionModel::ClearAndSelect);
+    scrollTo(photos.index(row));
 }
 
 void PhotoGrid::selectIds(const QVector<qint64> &ids)
@@ -246,7 +246,7 @@ void PhotoGrid::selectIds(const QVector<qint64> &ids)
     QVector<int> rows;
     rows.reserve(ids.size());
     for (const qint64 id : ids) {
-        if (const int row = model.rowOf(id); row >= 0)
+        if (const int row = photos.rowOf(id); row >= 0)
             rows += row;
     }
     std::sort(rows.begin(), rows.end());
@@ -255,7 +255,7 @@ void PhotoGrid::selectIds(const QVector<qint64> &ids)
         int end = begin + 1;
         while (end < rows.size() && rows[end] == rows[end - 1] + 1)
             ++end;
-        selection.append(QItemSelectionRange(model.index(rows[begin]), model.index(rows[end - 1])));
+        selection.append(QItemSelectionRange(photos.index(rows[begin]), photos.index(rows[end - 1])));
         begin = end;
     }
     selectionModel()->select(selection, QItemSelectionModel::ClearAndSelect);
@@ -263,16 +263,16 @@ void PhotoGrid::selectIds(const QVector<qint64> &ids)
 
 void PhotoGrid::selectSection(int section)
 {
-    if (section < 0 || section >= layout.sectionCount())
+    if (section < 0 || section >= places.sectionCount())
         return;
-    const auto [first, behind] = layout.range(section);
+    const auto [first, behind] = places.range(section);
     const bool wasSelected = isSectionSelected(section);
     selectRange(first, behind - 1, wasSelected ? QItemSelectionModel::Deselect : QItemSelectionModel::Select);
 }
 
 bool PhotoGrid::isSectionSelected(int section) const
 {
-    const auto [first, behind] = layout.range(section);
+    const auto [first, behind] = places.range(section);
     const QItemSelection ranges = selectionModel()->selection();
     int selected = 0;
     for (const QItemSelectionRange &range : ranges)
@@ -283,14 +283,14 @@ bool PhotoGrid::isSectionSelected(int section) const
 void PhotoGrid::selectRange(int from, int to, QItemSelectionModel::SelectionFlags command)
 {
     const auto [first, last] = std::minmax(from, to);
-    selectionModel()->select(QItemSelection(model.index(first), model.index(last)), command);
+    selectionModel()->select(QItemSelection(photos.index(first), photos.index(last)), command);
 }
 
 void PhotoGrid::setSelection(const QRect &rectangle, QItemSelectionModel::SelectionFlags command)
 {
     QItemSelection selection;
-    for (const auto &run : layout.inside(rectangle.normalized().translated(0, verticalOffset())))
-        selection.append(QItemSelectionRange(model.index(run.first), model.index(run.second)));
+    for (const auto &run : places.inside(rectangle.normalized().translated(0, verticalOffset())))
+        selection.append(QItemSelectionRange(photos.index(run.first), photos.index(run.second)));
     selectionModel()->select(selection, command);
 }
 

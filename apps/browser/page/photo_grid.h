@@ -27,11 +27,11 @@ public:
     static constexpr int largestCell = 320;
 
     /// Both must outlive the grid; `loader` serves nobody else.
-    PhotoGrid(PhotoModel &photos, ThumbnailLoader &loader, QWidget *parent = nullptr);
+    PhotoGrid(PhotoModel &model, ThumbnailLoader &loader, QWidget *parent = nullptr);
 
     /// Replaces what is shown. With `keep` the selected photos and the current one stay so where they are still shown,
     /// else the grid begins at its top.
-    void show(const std::shared_ptr<const PhotoList> &photos, bool keep);
+    void show(const std::shared_ptr<const PhotoList> &list, bool keep);
 
     int cellSize() const { return metrics.cell; }
     /// Device-independent pixels, within the limits above. What was in the middle stays there.
@@ -45,7 +45,7 @@ public:
     /// Positions of the photos on the screen: the first one, and the one behind the last.
     std::pair<int, int> visibleRows() const;
 
-    const GridLayout &arrangement() const { return layout; }
+    const GridLayout &arrangement() const { return places; }
     const ThumbnailCache &thumbnails() const { return cache; }
     /// Where on the viewport the button of a heading is that selects its photos.
     QRect headingButton(int section) const;
@@ -121,10 +121,10 @@ private:
     void selectRange(int from, int to, QItemSelectionModel::SelectionFlags command);
     void selectIds(const QVector<qint64> &ids);
 
-    PhotoModel &model;
+    PhotoModel &photos;
     ThumbnailLoader &loader;
     ThumbnailCache cache;
-    GridLayout layout;
+    GridLayout places;
     GridMetrics metrics;
     std::optional<CellPainter> painterOfCells; ///< made anew for other colours and fonts
     int anchor = -1;                           ///< where a range that Shift extends begins

@@ -26,7 +26,7 @@ void PhotoGrid::keyPressEvent(QKeyEvent *event)
 
 bool PhotoGrid::moveByKey(const QKeyEvent &event)
 {
-    if (event.modifiers() & (Qt::AltModifier | Qt::MetaModifier) || model.rowCount() == 0)
+    if (event.modifiers() & (Qt::AltModifier | Qt::MetaModifier) || photos.rowCount() == 0)
         return false;
     const int row = rowForKey(event);
     if (row < 0)
@@ -37,8 +37,8 @@ bool PhotoGrid::moveByKey(const QKeyEvent &event)
 
 int PhotoGrid::rowForKey(const QKeyEvent &event) const
 {
-    const int last = model.rowCount() - 1;
-    const int lines = std::max(1, viewport()->height() / layout.linePitch());
+    const int last = photos.rowCount() - 1;
+    const int lines = std::max(1, viewport()->height() / places.linePitch());
     const bool hasCurrent = currentIndex().isValid();
     const int current = hasCurrent ? currentIndex().row() : std::min(last, visibleRows().first);
     const auto moved = [&](int row) { return hasCurrent ? std::clamp(row, 0, last) : current; };
@@ -48,13 +48,13 @@ int PhotoGrid::rowForKey(const QKeyEvent &event) const
     case Qt::Key_Right:
         return moved(current + 1);
     case Qt::Key_Up:
-        return moved(layout.lineDown(current, -1));
+        return moved(places.lineDown(current, -1));
     case Qt::Key_Down:
-        return moved(layout.lineDown(current, 1));
+        return moved(places.lineDown(current, 1));
     case Qt::Key_PageUp:
-        return moved(layout.lineDown(current, -lines));
+        return moved(places.lineDown(current, -lines));
     case Qt::Key_PageDown:
-        return moved(layout.lineDown(current, lines));
+        return moved(places.lineDown(current, lines));
     case Qt::Key_Home:
         return 0;
     case Qt::Key_End:
@@ -66,9 +66,9 @@ int PhotoGrid::rowForKey(const QKeyEvent &event) const
 
 void PhotoGrid::goTo(int row, Qt::KeyboardModifiers modifiers)
 {
-    const QModelIndex index = model.index(row);
+    const QModelIndex index = photos.index(row);
     if (modifiers & Qt::ShiftModifier) {
-        if (anchor < 0 || anchor >= model.rowCount())
+        if (anchor < 0 || anchor >= photos.rowCount())
             anchor = std::max(0, currentIndex().row());
         const auto command =
             modifiers & Qt::ControlModifier ? QItemSelectionModel::Select : QItemSelectionModel::ClearAndSelect;
@@ -94,7 +94,7 @@ bool PhotoGrid::changeByKey(const QKeyEvent &event)
     } else if (event.key() == Qt::Key_Escape && selectionModel()->hasSelection()) {
         selectionModel()->clearSelection();
     } else if (event.key() == Qt::Key_A && control && shift && hasCurrent) {
-        selectSection(layout.sectionOf(currentIndex().row()));
+        selectSection(places.sectionOf(currentIndex().row()));
     } else if (event.matches(QKeySequence::ZoomIn) || (control && event.key() == Qt::Key_Equal)) {
         setCellSize(metrics.cell + zoomStep);
     } else if (event.matches(QKeySequence::ZoomOut)) {
@@ -110,27 +110,27 @@ bool PhotoGrid::changeByKey(const QKeyEvent &event)
 // For list views' own ways of moving, such as those of assistive tools.
 QModelIndex PhotoGrid::moveCursor(CursorAction action, Qt::KeyboardModifiers)
 {
-    const int last = model.rowCount() - 1;
+    const int last = photos.rowCount() - 1;
     const int current = std::max(0, currentIndex().row());
     if (last < 0)
         return {};
     switch (action) {
     case MoveHome:
-        return model.index(0);
+        return photos.index(0);
     case MoveEnd:
-        return model.index(last);
+        return photos.index(last);
     case MoveUp:
     case MovePageUp:
-        return model.index(layout.lineDown(current, -1));
+        return photos.index(places.lineDown(current, -1));
     case MoveDown:
     case MovePageDown:
-        return model.index(layout.lineDown(current, 1));
+        return photos.index(places.lineDown(current, 1));
     case MoveLeft:
     case MovePrevious:
-        return model.index(std::max(0, current - 1));
+        return photos.index(std::max(0, current - 1));
     case MoveRight:
     case MoveNext:
-        return model.index(currentIndex().isValid() ? std::min(last, current + 1) : 0);
+        return photos.index(currentIndex().isValid() ? std::min(last, current + 1) : 0);
     }
     return {};
 }
@@ -138,17 +138,17 @@ QModelIndex PhotoGrid::moveCursor(CursorAction action, Qt::KeyboardModifiers)
 // From the current photo on, and around.
 void PhotoGrid::keyboardSearch(const QString &text)
 {
-    if (text.isEmpty() || model.rowCount() == 0)
+    if (text.isEmpty() || photos.rowCount() == 0)
         return typed.clear();
     if (!typing.isValid() || typing.elapsed() > 1000)
         typed.clear();
     typing.start();
     typed += text;
-    const int count = model.rowCount();
+    const int count = photos.rowCount();
     const int begin = std::max(0, currentIndex().row()) + (typed.size() == 1 ? 1 : 0);
     for (int step = 0; step < count; ++step) {
         const int row = (begin + step) % count;
-        if (model.photo(row).fileName.startsWith(typed, Qt::CaseInsensitive))
+        if (photos.photo(row).fileName.startsWith(typed, Qt::CaseInsensitive))
             return goTo(row, Qt::NoModifier);
     }
 }

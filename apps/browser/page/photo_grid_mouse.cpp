@@ -18,7 +18,7 @@ void PhotoGrid::mousePressEvent(QMouseEvent *event)
     setFocus(Qt::MouseFocusReason);
     if (event->button() == Qt::RightButton) {
         const int row = indexAt(event->pos()).row();
-        if (row >= 0 && !selectionModel()->isSelected(model.index(row)))
+        if (row >= 0 && !selectionModel()->isSelected(photos.index(row)))
             makeCurrent(row);
         return;
     }
@@ -32,7 +32,7 @@ void PhotoGrid::mousePressEvent(QMouseEvent *event)
             selectSection(heading);
         return;
     }
-    const int row = layout.at(contents(event->pos()));
+    const int row = places.at(contents(event->pos()));
     if (row >= 0)
         pressCell(row, *event);
     else
@@ -41,11 +41,11 @@ void PhotoGrid::mousePressEvent(QMouseEvent *event)
 
 void PhotoGrid::pressCell(int row, const QMouseEvent &event)
 {
-    const QModelIndex index = model.index(row);
+    const QModelIndex index = photos.index(row);
     const bool shift = event.modifiers() & Qt::ShiftModifier, control = event.modifiers() & Qt::ControlModifier;
     pressed = row;
     if (shift) {
-        const int from = anchor >= 0 && anchor < model.rowCount() ? anchor : row;
+        const int from = anchor >= 0 && anchor < photos.rowCount() ? anchor : row;
         selectRange(from, row, control ? QItemSelectionModel::Select : QItemSelectionModel::ClearAndSelect);
         anchor = from;
     } else if (control) {
@@ -75,8 +75,8 @@ void PhotoGrid::updateBand(const QPoint &position)
 {
     band->end = contents(position);
     QItemSelection inside;
-    for (const auto &run : layout.inside(QRect(band->origin, band->end).normalized()))
-        inside.append(QItemSelectionRange(model.index(run.first), model.index(run.second)));
+    for (const auto &run : places.inside(QRect(band->origin, band->end).normalized()))
+        inside.append(QItemSelectionRange(photos.index(run.first), photos.index(run.second)));
     QItemSelection selection = band->before;
     if (selection.isEmpty())
         selection = inside;
@@ -119,7 +119,7 @@ void PhotoGrid::mouseMoveEvent(QMouseEvent *event)
 void PhotoGrid::hover(const QPoint &position)
 {
     const int heading = headingAt(position);
-    const int row = heading >= 0 ? -1 : layout.at(contents(position));
+    const int row = heading >= 0 ? -1 : places.at(contents(position));
     if (row == hovered && heading == hoveredHeading)
         return;
     hovered = row;
@@ -137,7 +137,7 @@ void PhotoGrid::mouseReleaseEvent(QMouseEvent *event)
         viewport()->update();
     }
     if (selectOnRelease && pressed >= 0)
-        selectionModel()->select(model.index(pressed), QItemSelectionModel::ClearAndSelect);
+        selectionModel()->select(photos.index(pressed), QItemSelectionModel::ClearAndSelect);
     selectOnRelease = false;
     pressed = -1;
 }

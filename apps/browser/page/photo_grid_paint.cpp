@@ -47,17 +47,17 @@ void PhotoGrid::paintEvent(QPaintEvent *event)
 
 void PhotoGrid::paintCells(QPainter &painter, const QRect &dirty)
 {
-    const auto [first, behind] = layout.touching(dirty.top() + verticalOffset(), dirty.bottom() + verticalOffset());
+    const auto [first, behind] = places.touching(dirty.top() + verticalOffset(), dirty.bottom() + verticalOffset());
     for (int row = first; row < behind; ++row) {
-        const QRect cell = layout.cell(row).translated(0, -verticalOffset());
+        const QRect cell = places.cell(row).translated(0, -verticalOffset());
         if (!cell.intersects(dirty))
             continue;
-        const QModelIndex index = model.index(row);
+        const QModelIndex index = photos.index(row);
         CellState state;
         state.selected = selectionModel()->isSelected(index);
         state.hovered = row == hovered;
         state.focused = index == currentIndex() && hasFocus();
-        const Photo &photo = model.photo(row);
+        const Photo &photo = photos.photo(row);
         cellPainter().draw(painter, cell, photo, cache.find(photo.id), state);
     }
 }
@@ -65,16 +65,16 @@ void PhotoGrid::paintCells(QPainter &painter, const QRect &dirty)
 // The section that the top of the viewport is in, whose heading stays there.
 int PhotoGrid::pinnedSection() const
 {
-    const bool hasHeadings = model.photos() != nullptr && model.photos()->hasHeadings;
-    return hasHeadings ? layout.sectionAtHeight(verticalOffset()) : -1;
+    const bool hasHeadings = photos.photos() != nullptr && photos.photos()->hasHeadings;
+    return hasHeadings ? places.sectionAtHeight(verticalOffset()) : -1;
 }
 
 // Pushed out by the next one.
 QRect PhotoGrid::headingRect(int section) const
 {
-    QRect place = layout.heading(section).translated(0, -verticalOffset());
+    QRect place = places.heading(section).translated(0, -verticalOffset());
     if (section == pinnedSection()) {
-        const int end = layout.extent(section).second - verticalOffset();
+        const int end = places.extent(section).second - verticalOffset();
         place.moveTop(std::min(std::max(0, place.top()), end - place.height()));
     }
     return place;
@@ -87,7 +87,7 @@ int PhotoGrid::headingAt(const QPoint &point) const
         return -1;
     if (headingRect(pinned).contains(point))
         return pinned;
-    return layout.headingAt(contents(point));
+    return places.headingAt(contents(point));
 }
 
 QRect PhotoGrid::headingButton(int section) const
@@ -102,11 +102,11 @@ QRect PhotoGrid::headingButton(int section) const
 void PhotoGrid::paintHeading(QPainter &painter, int section)
 {
     const QRect place = headingRect(section);
-    const auto [first, behind] = layout.range(section);
+    const auto [first, behind] = places.range(section);
     painter.fillRect(QRect(0, place.top(), viewport()->width(), place.height()), palette().color(QPalette::Base));
     painter.setFont(headingFont(font()));
     painter.setPen(palette().color(QPalette::Text));
-    const QString title = Texts::month(model.photos()->sections[static_cast<std::size_t>(section)].month);
+    const QString title = Texts::month(photos.photos()->sections[static_cast<std::size_t>(section)].month);
     QRect used;
     painter.drawText(place, Qt::AlignLeft | Qt::AlignVCenter, title, &used);
     painter.setFont(font());
@@ -126,7 +126,7 @@ void PhotoGrid::paintHeadings(QPainter &painter)
     const int pinned = pinnedSection();
     if (pinned < 0)
         return;
-    const int last = layout.sectionAtHeight(verticalOffset() + viewport()->height());
+    const int last = places.sectionAtHeight(verticalOffset() + viewport()->height());
     for (int section = pinned + 1; section <= last; ++section)
         paintHeading(painter, section);
     paintHeading(painter, pinned);
@@ -152,7 +152,7 @@ void PhotoGrid::paintScrollLabel(QPainter &painter)
     const int pinned = pinnedSection();
     if (!scrollLabel.isActive() || pinned < 0)
         return;
-    const QString text = Texts::month(model.photos()->sections[static_cast<std::size_t>(pinned)].month);
+    const QString text = Texts::month(photos.photos()->sections[static_cast<std::size_t>(pinned)].month);
     const QFont large = headingFont(font());
     const QFontMetrics metricsOfText(large);
     QRect place(0, 0, metricsOfText.horizontalAdvance(text) + 32, metricsOfText.height() + 16);

@@ -1,0 +1,75 @@
+#ifndef TESTS_BROWSER_PAGE_MADE_THUMBNAILS_H
+#define TESTS_BROWSER_PAGE_MADE_THUMBNAILS_H
+
+#include "apps/browser/page/thumbnail_source.h"
+
+#include <QBuffer>
+#include <QImage>
+#include <QVector>
+
+#include <condition_variable>
+#include <mutex>
+
+inline QByteArray pictureBytes(const QImage &image, const char *format = "JPG")
+{
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::WriteOnly);
+    image.save(&buffer, format, 95);
+    return bytes;
+}
+
+inline QImage plainPicture(int width, int height, const QColor &color)
+{
+    QImage image(width, height, QImage::Format_RGB32);
+    image.fill(color);
+    return image;
+}
+
+/// Gives the same picture for every photo, and remembers what was asked for. Can be made to hang or to fail.
+class MadeThumbnails : public browser::ThumbnailSource
+{
+public:
+    QByteArray thumbnail(qint64 id) override
+    {
+        std::unique_lock<std::mutex> lock(mutex);
+        asked += id;
+        changed.notify_all();
+        changed.wait(lock, [this] { return !held || stopped; });
+        return failing || stopped ? QByteArray() : bytes;
+    }
+
+    bool isStopped() const override
+    {
+        const std::lock_guard<std::mutex> lock(mutex);
+        return stopped;
+    }
+
+    void hold(bool on) { set(held, on); }
+    void fail(bool on) { set(failing, on); }
+    void stop() { set(stopped, true); }
+
+    QVector<qint64> requests() const
+    {
+        const std::lock_guard<std::mutex> lock(mutex);
+        return asked;
+    }
+
+private:
+    void set(bool &flag, bool value)
+    {
+        const std::lock_guard<std::mutex> lock(mutex);
+        flag = value;
+        changed.notify_all();
+    }
+
+    const QByteArray bytes = pictureBytes(plainPicture(64, 48, QColor(200, 60, 20)));
+    mutable std::mutex mutex;
+    std::condition_variable changed;
+    QVector<qint64> asked;
+    bool held = false;
+    bool failing = false;
+    bool stopped = false;
+};
+
+#endif

@@ -1,0 +1,219 @@
+#include "apps/browser/page/thumbnail_cache.h"
+#include "apps/browser/page/thumbnail_decoder.h"
+#include "apps/browser/page/thumbnail_loader.h"
+#include "tests/browser/page/made_thumbnails.h"
+
+#include <QSignalSpy>
+#include <QTest>
+
+#include <algorithm>
+
+#include <gmock/gmock.h>
+
+namespace
+{
+
+using browser::LoadedThumbnail;
+using browser::ThumbnailCache;
+using browser::ThumbnailLoader;
+
+constexpr int patience = 30'000; // milliseconds, for a busy machine
+
+QVector<qint64> numbers(qint64 first, qint64 last)
+{
+    QVector<qint64> ids;
+    for (qint64 id = first; id <= last; ++id)
+        ids += id;
+    return ids;
+}
+
+class Loading : public testing::Test
+{
+protected:
+    Loading()
+    {
+        QObject::connect(&loader, &ThumbnailLoader::loaded, [this](const QVector<LoadedThumbnail> &thumbnails) {
+            for (const LoadedThumbnail &thumbnail : thumbnails)
+                loaded += thumbnail;
+        });
+    }
+
+    bool waitForLoaded(int count)
+    {
+        return QTest::qWaitFor([&] { return loaded.size() >= count; }, patience);
+    }
+    bool waitForRequests(int count)
+    {
+        return QTest::qWaitFor([&] { return source->requests().size() >= count; }, patience);
+    }
+
+    std::shared_ptr<MadeThumbnails> source = std::make_shared<MadeThumbnails>();
+    QVector<LoadedThumbnail> loaded;
+    ThumbnailLoader loader{source};
+};
+
+TEST_F(Loading, GivesSquaresOfWhatIsWanted)
+{
+    loader.want({7, 9}, 32);
+    ASSERT_TRUE(waitForLoaded(2));
+    for (const LoadedThumbnail &thumbnail : qAsConst(loaded)) {
+        EXPECT_TRUE(thumbnail.id == 7 || thumbnail.id == 9);
+        EXPECT_EQ(thumbnail.side, 32);
+        EXPECT_EQ(thumbnail.square.size(), QSize(32, 32));
+    }
+}
+
+TEST_F(Loading, ReadsInTheOrderInWhichTheyAreWanted)
+{
+    const QVector<qint64> wanted = numbers(1, 40);
+    loader.want(wanted, 32);
+    ASSERT_TRUE(waitForLoaded(40));
+    const QVector<qint64> requests = source->requests();
+    ASSERT_EQ(requests.size(), 40);
+    for (int at = 0; at < 40; ++at) // two threads may overtake one another by one
+        EXPECT_LE(std::abs(requests[at] - wanted[at]), 1) << at;
+}
+
+TEST_F(Loading, WhatWasScrolledAwayIsNeverRead)
+{
+    source->hold(true);
+    loader.want(numbers(1, 50), 32);
+    ASSERT_TRUE(waitForRequests(2));
+    loader.want(numbers(100, 103), 32);
+    source->hold(false);
+    ASSERT_TRUE(waitForLoaded(6));
+    QVector<qint64> requests = source->requests();
+    std::sort(requests.begin(), requests.end());
+    EXPECT_EQ(requests, QVector<qint64>({1, 2, 100, 101, 102, 103}));
+}
+
+TEST_F(Loading, WhatIsBeingReadIsNotReadTwice)
+{
+    source->hold(true);
+    loader.want({1, 2}, 32);
+    ASSERT_TRUE(waitForRequests(2));
+    loader.want({1, 2, 3}, 32);
+    source->hold(false);
+    ASSERT_TRUE(waitForLoaded(3));
+    EXPECT_EQ(source->requests().size(), 3);
+}
+
+TEST_F(Loading, TellsOnceOfManyFailuresInARow)
+{
+    QSignalSpy failing(&loader, &ThumbnailLoader::readsFailing);
+    source->fail(true);
+    loader.want(numbers(1, 30), 32);
+    ASSERT_TRUE(waitForLoaded(30));
+    EXPECT_EQ(failing.count(), 1);
+    EXPECT_TRUE(loaded.front().square.isNull());
+    source->fail(false);
+    loader.want(numbers(31, 32), 32);
+    ASSERT_TRUE(waitForLoaded(32));
+    source->fail(true);
+    loader.want(numbers(33, 60), 32);
+    ASSERT_TRUE(waitForLoaded(60));
+    EXPECT_EQ(failing.count(), 2);
+}
+
+TEST_F(Loading, TellsNothingOfPhotosOnceTheLibraryIsStopped)
+{
+    source->hold(true);
+    loader.want(numbers(1, 4), 32);
+    ASSERT_TRUE(waitForRequests(2));
+    source->stop();
+    ASSERT_TRUE(waitForRequests(4));
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(loaded.isEmpty());
+}
+
+TEST(LoaderDestruction, EndsWithAReadThatHangsUntilTheLibraryIsStopped)
+{
+    const auto source = std::make_shared<MadeThumbnails>();
+    auto loader = std::make_unique<ThumbnailLoader>(source);
+    source->hold(true);
+    loader->want(numbers(1, 10), 32);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return source->requests().size() == 2; }, patience));
+    source->stop();
+    loader.reset();
+    EXPECT_LT(source->requests().size(), 10);
+}
+
+TEST(LoaderDestruction, ForgetsWhatWasReadButNotDelivered)
+{
+    const auto source = std::make_shared<MadeThumbnails>();
+    {
+        ThumbnailLoader loader(source);
+        loader.want(numbers(1, 3), 32);
+        while (source->requests().size() < 3)
+            std::this_thread::yield();
+    }
+    QCoreApplication::processEvents();
+    EXPECT_EQ(source.use_count(), 1);
+}
+
+TEST(SquareThumbnail, IsTheMiddleOfThePicture)
+{
+    QImage picture = plainPicture(300, 100, Qt::white);
+    for (int y = 0; y < 100; ++y) {
+        for (int x = 100; x < 200; ++x)
+            picture.setPixel(x, y, qRgb(0, 0, 0));
+    }
+    const QImage square = browser::squareThumbnail(pictureBytes(picture), 50);
+    ASSERT_EQ(square.size(), QSize(50, 50));
+    EXPECT_LT(qGray(square.pixel(25, 25)), 40);
+    EXPECT_LT(qGray(square.pixel(3, 25)), 60);
+}
+
+TEST(SquareThumbnail, EnlargesNothing)
+{
+    EXPECT_EQ(browser::squareThumbnail(pictureBytes(plainPicture(40, 30, Qt::red)), 200).size(), QSize(30, 30));
+}
+
+TEST(SquareThumbnail, ReadsBitmapsToo)
+{
+    const QImage square = browser::squareThumbnail(pictureBytes(plainPicture(120, 120, Qt::blue), "BMP"), 60);
+    ASSERT_EQ(square.size(), QSize(60, 60));
+    EXPECT_EQ(square.pixel(30, 30), qRgb(0, 0, 255));
+}
+
+TEST(SquareThumbnail, OfAnythingElseIsNull)
+{
+    const QByteArray jpeg = pictureBytes(plainPicture(100, 100, Qt::red));
+    EXPECT_TRUE(browser::squareThumbnail(QByteArray(), 50).isNull());
+    EXPECT_TRUE(browser::squareThumbnail("no picture at all", 50).isNull());
+    EXPECT_TRUE(browser::squareThumbnail(jpeg.left(20), 50).isNull());
+    EXPECT_TRUE(browser::squareThumbnail(pictureBytes(plainPicture(10, 10, Qt::red), "PNG"), 50).isNull());
+    EXPECT_TRUE(browser::squareThumbnail("BM" + QByteArray(52, '\0'), 50).isNull());
+}
+
+TEST(SquareThumbnail, OfATooLargePictureIsNullAndNeverDecoded)
+{
+    EXPECT_TRUE(browser::squareThumbnail(pictureBytes(plainPicture(5000, 8, Qt::red)), 50).isNull());
+    QByteArray bitmap = pictureBytes(plainPicture(10, 10, Qt::red), "BMP");
+    bitmap.replace(18, 4, QByteArray("\xFF\xFF\xFF\x0F", 4)); // a width of 268,435,455
+    EXPECT_TRUE(browser::squareThumbnail(bitmap, 50).isNull());
+}
+
+TEST(Cache, HoldsNoMoreThanItsLimitAndForgetsWhatWasNotLookedAt)
+{
+    ThumbnailCache cache(100 * 1024);
+    const QImage square = plainPicture(64, 64, Qt::green); // 16 KiB
+    for (qint64 id = 1; id <= 50; ++id) {
+        cache.insert({id, 64, square});
+        EXPECT_LE(cache.bytes(), cache.limit());
+        EXPECT_NE(cache.find(1), nullptr) << id;
+    }
+    EXPECT_EQ(cache.find(2), nullptr);
+    EXPECT_NE(cache.find(50), nullptr);
+    EXPECT_LT(cache.count(), 7);
+}
+
+TEST(Cache, KnowsPhotosWithoutAPicture)
+{
+    ThumbnailCache cache(100 * 1024);
+    cache.insert({1, 64, QImage()});
+    ASSERT_NE(cache.find(1), nullptr);
+    EXPECT_TRUE(cache.find(1)->square.isNull());
+}
+
+} // namespace
