@@ -45,9 +45,12 @@ void SqlMeter::addRow(sqlite3_stmt *statement)
 {
     const int columns = sqlite3_data_count(statement);
     spent.deliveredBytes += columns * bytesOfANumber;
-    for (int column = 0; column < columns; ++column)
-        if (isLong(sqlite3_column_type(statement, column)))
-            spent.deliveredBytes += sqlite3_column_bytes(statement, column);
+    for (int column = 0; column < columns; ++column) {
+        // Found once for both. SQLite allows such questions where, as here, one thread at a time uses the connection.
+        sqlite3_value *const value = sqlite3_column_value(statement, column);
+        if (isLong(sqlite3_value_type(value)))
+            spent.deliveredBytes += sqlite3_value_bytes(value);
+    }
 }
 
 bool SqlMeter::isUsedUp() const
