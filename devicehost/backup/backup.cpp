@@ -214,7 +214,9 @@ std::unique_ptr<VFile> Backup::openFile(const char *path, VError *error) const
         return nullptr;
     }
     *error = faultOf(*entry);
-    return error->code == 0 ? openStored(*entry, error) : nullptr;
+    if (error->code != 0)
+        return nullptr;
+    return openStored(*entry, error);
 }
 
 std::unique_ptr<VFile> Backup::openStored(const Manifest::Entry &entry, VError *error) const

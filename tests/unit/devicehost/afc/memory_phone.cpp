@@ -61,15 +61,19 @@ public:
     qint64 receive(char *buffer, std::size_t size, std::chrono::milliseconds) override
     {
         const std::lock_guard<std::mutex> lock(phone->mutex);
-        qint64 count = std::min<qint64>(static_cast<qint64>(size), toSend.size());
+        qint64 count = std::min<qint64>(static_cast<qint64>(size), toSend.size() - gone);
         if (left != MemoryPhone::never)
             count = std::min(count, left);
         if (phone->mostAtOnce != MemoryPhone::never)
             count = std::min(count, phone->mostAtOnce);
         if (count == 0)
             return left == 0 && !phone->stallInsteadOfCut ? ended : timedOut;
-        std::memcpy(buffer, toSend.constData(), static_cast<std::size_t>(count));
-        toSend.remove(0, static_cast<int>(count));
+        std::memcpy(buffer, toSend.constData() + gone, static_cast<std::size_t>(count));
+        gone += static_cast<int>(count);
+        if (gone == toSend.size()) {
+            toSend.clear();
+            gone = 0;
+        }
         phone->bytesSent += count;
         if (left != MemoryPhone::never)
             left -= count;
@@ -145,6 +149,7 @@ private:
     qint64 left;
     QByteArray received;
     QByteArray toSend;
+    int gone = 0; ///< bytes of it that were sent
     QMap<quint64, OpenFile> opened;
     quint64 lastHandle = 0;
 };

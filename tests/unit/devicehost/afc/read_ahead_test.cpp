@@ -46,13 +46,20 @@ protected:
         return bytes.left(static_cast<int>(done));
     }
 
+    /// Alike again after so many bytes that whole pieces never are.
+    static QByteArray repeated(int size)
+    {
+        constexpr int period = 65537;
+        return patterned(period).repeated(size / period + 1).left(size);
+    }
+
     int reads() const { return static_cast<int>(phone.operations.count(Operation::FileRefRead)); }
 
     MemoryPhone phone;
     devicehost::VError openError;
     const std::unique_ptr<VDev> device = openDevice(phone.session(), &openError);
-    const QByteArray firstContent = patterned(13 * mebibyte + 5);
-    const QByteArray secondContent = patterned(12 * mebibyte + 7).mid(7);
+    const QByteArray firstContent = repeated(13 * mebibyte + 5);
+    const QByteArray secondContent = repeated(12 * mebibyte + 7).mid(7);
 };
 
 } // namespace
