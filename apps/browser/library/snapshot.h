@@ -30,6 +30,7 @@ enum PhotoTrait : quint32 {
     TimeLapse = 1U << 10,
     Edited = 1U << 11,
     Located = 1U << 12, ///< has coordinates
+    InCloud = 1U << 13, ///< in the cloud library; the database does not tell whether the original is on the device, too
 };
 
 /// What kind of file the original is.

@@ -19,11 +19,12 @@ constexpr SubtypeTrait subtypeTraits[] = {
     {1, Panorama}, {2, LivePhoto}, {10, Screenshot}, {101, SlowMotion}, {102, TimeLapse},
 };
 
-// A cloud photo whose original was moved out to save room; one that is still there lacks this bit.
-bool isOnlyInCloud(const photoItem &item)
+// Of a cloud photo whose original was moved out to save room; one that is still there lacks this bit. Newer releases
+// lack the column, which then reads 0.
+bool isOriginalRemote(const photoItem &item)
 {
     constexpr qint64 originalIsRemote = qint64(1) << 34;
-    return item.cloudLocalState == 1 && (item.localResourcesState & originalIsRemote) != 0;
+    return (item.localResourcesState & originalIsRemote) != 0;
 }
 
 // A single character is what a device without bursts reads.
@@ -41,7 +42,9 @@ quint32 traitsOf(const photoItem &item)
         set(item.kindSubtype == entry.subtype, entry.trait);
     set(item.favorite == 1, Favorite);
     set(isInBurst(item), Burst);
-    set(isOnlyInCloud(item), CloudOnly);
+    const bool isInCloud = item.cloudLocalState == 1;
+    set(isInCloud && isOriginalRemote(item), CloudOnly);
+    set(isInCloud && item.localResourcesState == 0, InCloud);
     set(item.hidden != 0, Hidden);
     set(item.trashedState == 1, Deleted);
     set(item.packedBadgeAttributes == rawBadge, Raw);

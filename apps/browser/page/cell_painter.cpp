@@ -16,10 +16,10 @@ namespace
 constexpr int markSide = 16;
 constexpr int markGap = 6;
 
-QVector<Glyph> marksOf(const Photo &photo)
+QVector<Glyph> marksOf(const Photo &photo, bool isOnlyInCloud)
 {
     QVector<Glyph> marks;
-    if (photo.is(CloudOnly))
+    if (isOnlyInCloud)
         marks += Glyph::Cloud;
     if (photo.is(LivePhoto))
         marks += Glyph::Live;
@@ -49,7 +49,7 @@ void CellPainter::draw(QPainter &painter, const QRect &cell, const Photo &photo,
                        const CellState &state)
 {
     drawPicture(painter, cell, thumbnail);
-    drawMarks(painter, cell, photo);
+    drawMarks(painter, cell, photo, photo.is(CloudOnly) || (thumbnail != nullptr && thumbnail->lacksOriginal));
     drawState(painter, cell, state);
 }
 
@@ -99,9 +99,9 @@ void CellPainter::drawMark(QPainter &painter, Glyph glyph, const QRect &place)
     painter.drawPixmap(place, mark);
 }
 
-void CellPainter::drawMarks(QPainter &painter, const QRect &cell, const Photo &photo)
+void CellPainter::drawMarks(QPainter &painter, const QRect &cell, const Photo &photo, bool isOnlyInCloud)
 {
-    const QVector<Glyph> marks = marksOf(photo);
+    const QVector<Glyph> marks = marksOf(photo, isOnlyInCloud);
     const bool isVideo = photo.kind == MediaKind::Video;
     if (marks.isEmpty() && !isVideo && !photo.is(Favorite))
         return;

@@ -33,7 +33,7 @@ public:
 
 private:
     void drawPicture(QPainter &painter, const QRect &cell, const LoadedThumbnail *thumbnail) const;
-    void drawMarks(QPainter &painter, const QRect &cell, const Photo &photo);
+    void drawMarks(QPainter &painter, const QRect &cell, const Photo &photo, bool isOnlyInCloud);
     void drawState(QPainter &painter, const QRect &cell, const CellState &state) const;
     void drawMark(QPainter &painter, Glyph glyph, const QRect &place);
     void drawShade(QPainter &painter, const QRect &cell, int height) const;

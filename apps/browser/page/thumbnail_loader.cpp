@@ -80,6 +80,7 @@ LoadedThumbnail ThumbnailLoader::load(const Request &request, bool *wasRead)
         const QByteArray bytes = source->thumbnail(request.id);
         *wasRead = !bytes.isEmpty();
         thumbnail.square = squareThumbnail(bytes, request.side);
+        thumbnail.lacksOriginal = *wasRead && source->lacksOriginal(request.id);
     } catch (const std::bad_alloc &) {
         thumbnail.square = QImage();
     }

@@ -20,8 +20,9 @@ namespace browser
 /// A thumbnail that was asked for.
 struct LoadedThumbnail {
     qint64 id = 0;
-    int side = 0;  ///< of the square that was asked for, in pixels
-    QImage square; ///< null when there is no picture
+    int side = 0;               ///< of the square that was asked for, in pixels
+    QImage square;              ///< null when there is no picture
+    bool lacksOriginal = false; ///< it is only in the cloud, as the device told
 };
 
 /// Reads and decodes thumbnails beside the user interface, in the order in which they are wanted.

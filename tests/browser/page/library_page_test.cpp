@@ -142,6 +142,18 @@ TEST_F(Page, ShowsAsManyPhotosOfEachCollectionAsTheSideBarCounts)
     }
 }
 
+TEST_F(Page, TheDeviceIsAskedWhichCloudPhotosItLacks)
+{
+    browser::LibraryThumbnails thumbnails(library);
+    int absent = 0;
+    for (const browser::Photo &photo : library->snapshot().photos) {
+        const bool isThere = QFile::exists(folder->path(library->devicePath(photo.id)));
+        EXPECT_EQ(thumbnails.lacksOriginal(photo.id), !isThere) << qPrintable(photo.fileName);
+        absent += isThere ? 0 : 1;
+    }
+    EXPECT_EQ(absent, 6);
+}
+
 TEST_F(Page, BeginsWithTheNewestPhotos)
 {
     const QVector<qint64> ids = page->shownPhotos();

@@ -39,11 +39,15 @@ public:
         return failing || stopped ? QByteArray() : bytes;
     }
 
+    bool lacksOriginal(qint64 id) override { return id == away; }
+
     bool isStopped() const override
     {
         const std::lock_guard<std::mutex> lock(mutex);
         return stopped;
     }
+
+    const qint64 away = 77; ///< of this photo the original is not on the device
 
     void hold(bool on) { set(held, on); }
     void fail(bool on) { set(failing, on); }

@@ -63,6 +63,14 @@ TEST_F(Loading, GivesSquaresOfWhatIsWanted)
     }
 }
 
+TEST_F(Loading, TellsWhichOriginalsAreNotOnTheDevice)
+{
+    loader.want({source->away, source->away + 1}, 32);
+    ASSERT_TRUE(waitForLoaded(2));
+    for (const LoadedThumbnail &thumbnail : qAsConst(loaded))
+        EXPECT_EQ(thumbnail.lacksOriginal, thumbnail.id == source->away);
+}
+
 TEST_F(Loading, ReadsInTheOrderInWhichTheyAreWanted)
 {
     const QVector<qint64> wanted = numbers(1, 40);
@@ -199,7 +207,7 @@ TEST(Cache, HoldsNoMoreThanItsLimitAndForgetsWhatWasNotLookedAt)
     ThumbnailCache cache(100 * 1024);
     const QImage square = plainPicture(64, 64, Qt::green); // 16 KiB
     for (qint64 id = 1; id <= 50; ++id) {
-        cache.insert({id, 64, square});
+        cache.insert({id, 64, square, false});
         EXPECT_LE(cache.bytes(), cache.limit());
         EXPECT_NE(cache.find(1), nullptr) << id;
     }
@@ -211,7 +219,7 @@ TEST(Cache, HoldsNoMoreThanItsLimitAndForgetsWhatWasNotLookedAt)
 TEST(Cache, KnowsPhotosWithoutAPicture)
 {
     ThumbnailCache cache(100 * 1024);
-    cache.insert({1, 64, QImage()});
+    cache.insert({1, 64, QImage(), false});
     ASSERT_NE(cache.find(1), nullptr);
     EXPECT_TRUE(cache.find(1)->square.isNull());
 }
