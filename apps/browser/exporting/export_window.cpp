@@ -67,6 +67,8 @@ ExportWindow::ExportWindow(std::shared_ptr<OpenedLibrary> library, const QVector
 ExportWindow::~ExportWindow()
 {
     disconnect(job, nullptr, this, nullptr); // which is a part of this no more when it ends
+    delete job;
+    retire(std::move(opened));
 }
 
 QPushButton *ExportWindow::addButton(const char *name, const QString &text)
