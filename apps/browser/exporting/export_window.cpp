@@ -100,7 +100,7 @@ void ExportWindow::arrange()
     column->setSpacing(20);
     column->addWidget(pages, 1);
     column->addLayout(buttons);
-    resize(720, 500);
+    resize(fontMetrics().averageCharWidth() * 100, fontMetrics().height() * 26);
 }
 
 void ExportWindow::connectButtons()

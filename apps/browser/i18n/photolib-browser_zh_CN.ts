@@ -1536,19 +1536,19 @@ Without DEVICE it lists the phones, backups and folders that there are.</source>
     </message>
     <message>
         <source>%1° S, %2° W</source>
-        <translation>南纬 %1°，西经 %2°</translation>
+        <translation>%1°S %2°W</translation>
     </message>
     <message>
         <source>%1° S, %2° E</source>
-        <translation>南纬 %1°，东经 %2°</translation>
+        <translation>%1°S %2°E</translation>
     </message>
     <message>
         <source>%1° N, %2° W</source>
-        <translation>北纬 %1°，西经 %2°</translation>
+        <translation>%1°N %2°W</translation>
     </message>
     <message>
         <source>%1° N, %2° E</source>
-        <translation>北纬 %1°，东经 %2°</translation>
+        <translation>%1°N %2°E</translation>
     </message>
     <message>
         <source>Live Photo</source>

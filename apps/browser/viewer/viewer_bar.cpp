@@ -29,7 +29,8 @@ QLabel *namedLabel(const char *name)
 } // namespace
 
 ViewerBar::ViewerBar(QWidget *parent)
-    : QWidget(parent), back(makeButton(ViewerGlyph::Back, "backButton", tr("Back to the library"), keyText(Qt::Key_Escape))),
+    : QWidget(parent),
+      back(makeButton(ViewerGlyph::Back, "backButton", tr("Back to the library"), keyText(Qt::Key_Escape))),
       previous(makeButton(ViewerGlyph::Previous, "previousButton", tr("Previous"), keyText(Qt::Key_PageUp))),
       next(makeButton(ViewerGlyph::Next, "nextButton", tr("Next"), keyText(Qt::Key_PageDown))),
       zoomOut(makeButton(ViewerGlyph::ZoomOut, "zoomOutButton", tr("Smaller"), keyText(Qt::Key_Minus))),

@@ -6,8 +6,8 @@
 namespace browser
 {
 
-/// The desktop's style, with more room round the text of buttons and with the arrow of a button that opens a menu beside
-/// its text instead of in a corner.
+/// The desktop's style, with more room round the text of buttons and with the arrow of a button that opens a menu
+/// beside its text instead of in a corner.
 class RoomyStyle final : public QProxyStyle
 {
 public:
