@@ -40,3 +40,9 @@ show groups --group people --group memories --group favorites
 show photos --limit 15
 echo
 echo "More: $photolib --help"
+browser=$here/build/release/apps/browser/photolib-browser
+if [ -n "${WAYLAND_DISPLAY:-}${DISPLAY:-}" ]; then
+    echo "To see it in a window: $browser $device"
+else
+    echo "With a screen, this shows it in a window: $browser $device"
+fi

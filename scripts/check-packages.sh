@@ -41,6 +41,7 @@ make_packages() {
     for package in "${packages[@]}"; do
         names+=("$(dpkg-deb --field "$package" Package)")
     done
+    mapfile -t names < <(printf '%s\n' "${names[@]}" | LC_ALL=C sort) # names of files sort differently by locale
     [ "${names[*]}" = "libphotolib-dev libphotolib0 photolib photolib-browser" ] || fail "packages came out as ${names[*]}"
 }
 

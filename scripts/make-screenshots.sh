@@ -27,6 +27,6 @@ if [ $# -gt 1 ]; then
     cp -r "$scratch"/. "$2"
 else
     mkdir -p docs/pictures
-    cp "$scratch/light/library.png" docs/pictures/library.png
-    cp "$scratch/light/start.png" docs/pictures/start.png
+    cp "$scratch/light/selection.png" docs/pictures/library.png
+    cp "$scratch/light/viewer.png" docs/pictures/viewer.png
 fi

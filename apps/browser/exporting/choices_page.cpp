@@ -70,6 +70,7 @@ void ChoicesPage::addDestination(QFormLayout *form)
     choose->setObjectName(QStringLiteral("chooseButton"));
     choose->setAutoDefault(false);
     auto *row = new QHBoxLayout;
+    row->setSpacing(8);
     row->addWidget(destination, 1);
     row->addWidget(choose);
     auto *label = new QLabel(tr("Export &to:"));

@@ -14,7 +14,7 @@ namespace browser
 namespace
 {
 
-constexpr std::size_t mostProblems = 10'000;
+constexpr std::size_t mostProblems = 10000;
 constexpr qint64 reportInterval = 100; // milliseconds
 
 exporter::OpenFailure whyNotOpened()

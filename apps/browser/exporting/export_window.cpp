@@ -67,6 +67,8 @@ ExportWindow::ExportWindow(std::shared_ptr<OpenedLibrary> library, const QVector
 ExportWindow::~ExportWindow()
 {
     disconnect(job, nullptr, this, nullptr); // which is a part of this no more when it ends
+    delete job;
+    retire(std::move(opened));
 }
 
 QPushButton *ExportWindow::addButton(const char *name, const QString &text)
@@ -98,7 +100,7 @@ void ExportWindow::arrange()
     column->setSpacing(20);
     column->addWidget(pages, 1);
     column->addLayout(buttons);
-    resize(720, 500);
+    resize(fontMetrics().averageCharWidth() * 100, fontMetrics().height() * 26);
 }
 
 void ExportWindow::connectButtons()

@@ -61,7 +61,7 @@ private:
     void showFolder();
     bool mayClose();
 
-    const std::shared_ptr<OpenedLibrary> opened;
+    std::shared_ptr<OpenedLibrary> opened;
     const std::vector<qint64> photos;
     std::vector<qint64> inHand; ///< what the last run was asked for
     std::vector<qint64> repeat; ///< what remains to be done after it

@@ -311,6 +311,268 @@ Ohne DEVICE werden die vorhandenen Handys, Sicherungen und Ordner aufgelistet.</
     </message>
 </context>
 <context>
+    <name>browser::BusySpinner</name>
+    <message>
+        <source>Loading</source>
+        <translation>Wird geladen</translation>
+    </message>
+</context>
+<context>
+    <name>browser::ChoicesPage</name>
+    <message>
+        <source>Also as &amp;edited on the device, beside the original</source>
+        <translation>Auch &amp;bearbeitete Fassungen, neben dem Original</translation>
+    </message>
+    <message>
+        <source>Also a folder for each &amp;album, with links to the files</source>
+        <translation>Auch ein Ordner für jedes A&amp;lbum, mit Verknüpfungen zu den Dateien</translation>
+    </message>
+    <message>
+        <source>Folder for the export</source>
+        <translation>Ordner für den Export</translation>
+    </message>
+    <message>
+        <source>&amp;Choose…</source>
+        <translation>A&amp;uswählen …</translation>
+    </message>
+    <message>
+        <source>Export &amp;to:</source>
+        <translation>Exportieren &amp;nach:</translation>
+    </message>
+    <message>
+        <source>My own arrangement</source>
+        <translation>Eigene Anordnung</translation>
+    </message>
+    <message>
+        <source>My own arrangement of folders and names</source>
+        <translation>Eigene Anordnung von Ordnern und Namen</translation>
+    </message>
+    <message>
+        <source>&amp;Arrange:</source>
+        <translation>An&amp;ordnung:</translation>
+    </message>
+    <message>
+        <source>Include:</source>
+        <translation>Mit exportieren:</translation>
+    </message>
+    <message>
+        <source>No file that is there already is ever replaced: what was exported before is recognised and not copied again, and a different file of the same name gets a number.</source>
+        <translation>Vorhandene Dateien werden nie ersetzt: was schon exportiert wurde, wird erkannt und nicht noch einmal kopiert, und eine andere Datei mit gleichem Namen erhält eine Nummer.</translation>
+    </message>
+    <message>
+        <source>Existing files:</source>
+        <translation>Vorhandene Dateien:</translation>
+    </message>
+    <message>
+        <source>Choose a folder for the export</source>
+        <translation>Ordner für den Export wählen</translation>
+    </message>
+    <message>
+        <source>%1 free there, about %2 to export</source>
+        <translation>%1 dort frei, etwa %2 zu exportieren</translation>
+    </message>
+    <message>
+        <source>%1 free there</source>
+        <translation>%1 dort frei</translation>
+    </message>
+    <message>
+        <source>For example: %1</source>
+        <translation>Zum Beispiel: %1</translation>
+    </message>
+</context>
+<context>
+    <name>browser::CollectionModel</name>
+    <message>
+        <source>%1, %2</source>
+        <comment>title of a collection, number of its photos</comment>
+        <translation>%1, %2</translation>
+    </message>
+</context>
+<context>
+    <name>browser::CollectionTitles</name>
+    <message>
+        <source>Library</source>
+        <translation>Mediathek</translation>
+    </message>
+    <message>
+        <source>People</source>
+        <translation>Personen</translation>
+    </message>
+    <message>
+        <source>Places</source>
+        <translation>Orte</translation>
+    </message>
+    <message>
+        <source>Memories</source>
+        <translation>Rückblicke</translation>
+    </message>
+    <message>
+        <source>Kinds</source>
+        <translation>Medienarten</translation>
+    </message>
+    <message>
+        <source>Albums</source>
+        <translation>Alben</translation>
+    </message>
+    <message>
+        <source>Shared albums</source>
+        <translation>Geteilte Alben</translation>
+    </message>
+    <message>
+        <source>More</source>
+        <translation>Weitere</translation>
+    </message>
+    <message>
+        <source>All photos</source>
+        <translation>Alle Fotos</translation>
+    </message>
+    <message>
+        <source>Videos</source>
+        <translation>Videos</translation>
+    </message>
+    <message>
+        <source>Favorites</source>
+        <translation>Favoriten</translation>
+    </message>
+    <message>
+        <source>Portraits</source>
+        <translation>Porträts</translation>
+    </message>
+    <message>
+        <source>Panoramas</source>
+        <translation>Panoramen</translation>
+    </message>
+    <message>
+        <source>Live Photos</source>
+        <translation>Live Photos</translation>
+    </message>
+    <message>
+        <source>Time-lapse</source>
+        <translation>Zeitraffer</translation>
+    </message>
+    <message>
+        <source>Screen recordings</source>
+        <translation>Bildschirmaufnahmen</translation>
+    </message>
+    <message>
+        <source>Slow motion</source>
+        <translation>Zeitlupe</translation>
+    </message>
+    <message>
+        <source>Animated</source>
+        <translation>Animiert</translation>
+    </message>
+    <message>
+        <source>Bursts</source>
+        <translation>Serien</translation>
+    </message>
+    <message>
+        <source>Screenshots</source>
+        <translation>Bildschirmfotos</translation>
+    </message>
+    <message>
+        <source>Selfies</source>
+        <translation>Selfies</translation>
+    </message>
+    <message>
+        <source>Recently deleted</source>
+        <translation>Zuletzt gelöscht</translation>
+    </message>
+    <message>
+        <source>Hidden</source>
+        <translation>Ausgeblendet</translation>
+    </message>
+    <message>
+        <source>Imported</source>
+        <translation>Importiert</translation>
+    </message>
+    <message>
+        <source>RAW photos</source>
+        <translation>RAW-Fotos</translation>
+    </message>
+    <message>
+        <source>Duplicates</source>
+        <translation>Duplikate</translation>
+    </message>
+    <message>
+        <source>Cinematic</source>
+        <translation>Kinomodus</translation>
+    </message>
+    <message>
+        <source>Camera roll</source>
+        <translation>Aufnahmen</translation>
+    </message>
+    <message>
+        <source>All shared albums</source>
+        <translation>Alle geteilten Alben</translation>
+    </message>
+    <message>
+        <source>From the cloud</source>
+        <translation>Aus der Cloud</translation>
+    </message>
+    <message>
+        <source>From a computer</source>
+        <translation>Von einem Computer</translation>
+    </message>
+    <message>
+        <source>Photo stream</source>
+        <translation>Fotostream</translation>
+    </message>
+    <message>
+        <source>Person %1</source>
+        <translation>Person %1</translation>
+    </message>
+    <message>
+        <source>Memory</source>
+        <translation>Rückblick</translation>
+    </message>
+    <message>
+        <source>Memory of %1</source>
+        <comment>date</comment>
+        <translation>Rückblick vom %1</translation>
+    </message>
+    <message>
+        <source>No date</source>
+        <translation>Ohne Datum</translation>
+    </message>
+    <message>
+        <source>Import</source>
+        <translation>Import</translation>
+    </message>
+    <message>
+        <source>Import of %1</source>
+        <comment>date</comment>
+        <translation>Import vom %1</translation>
+    </message>
+</context>
+<context>
+    <name>browser::DestinationChecker</name>
+    <message>
+        <source>Choose a folder for the export.</source>
+        <translation>Wählen Sie einen Ordner für den Export.</translation>
+    </message>
+    <message>
+        <source>The name of the folder must begin with “/”. Choose the folder with the button beside it.</source>
+        <translation>Der Name des Ordners muss mit „/“ beginnen. Wählen Sie den Ordner mit der Taste daneben.</translation>
+    </message>
+    <message>
+        <source>This folder belongs to the device, to which nothing is ever written. Choose another folder.</source>
+        <translation>Dieser Ordner gehört zum Gerät, auf das nie geschrieben wird. Wählen Sie einen anderen Ordner.</translation>
+    </message>
+    <message>
+        <source>This folder holds the device&apos;s own folder, to which nothing is ever written. Choose a folder beside that.</source>
+        <translation>Dieser Ordner enthält den Ordner des Geräts, auf das nie geschrieben wird. Wählen Sie einen Ordner daneben.</translation>
+    </message>
+    <message>
+        <source>“%1” is a file, not a folder. Choose another folder.</source>
+        <translation>„%1“ ist eine Datei und kein Ordner. Wählen Sie einen anderen Ordner.</translation>
+    </message>
+    <message>
+        <source>You may not write into “%1”. Choose another folder.</source>
+        <translation>Sie dürfen nicht in „%1“ schreiben. Wählen Sie einen anderen Ordner.</translation>
+    </message>
+</context>
+<context>
     <name>browser::DeviceListModel</name>
     <message>
         <source>This version does not read phones over the cable. Open a folder or a backup instead.</source>
@@ -344,6 +606,450 @@ Ohne DEVICE werden die vorhandenen Handys, Sicherungen und Ordner aufgelistet.</
         <source>%1, %2</source>
         <comment>a device and what is known of it</comment>
         <translation>%1, %2</translation>
+    </message>
+</context>
+<context>
+    <name>browser::DragFiles</name>
+    <message>
+        <source>Drag to a folder</source>
+        <translation>In einen Ordner ziehen</translation>
+    </message>
+    <message numerus="yes">
+        <source>More than %n photo(s) are better exported. Choose Export instead of dragging them.</source>
+        <translation>
+            <numerusform>Mehr als %n Foto sollte exportiert werden. Wählen Sie „Exportieren“, statt es zu ziehen.</numerusform>
+            <numerusform>Mehr als %n Fotos sollten exportiert werden. Wählen Sie „Exportieren“, statt sie zu ziehen.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>There is not enough room for temporary files on this computer. Choose Export instead, with a folder on another disk.</source>
+        <translation>Auf diesem Computer ist nicht genug Platz für temporäre Dateien. Wählen Sie stattdessen „Exportieren“ und einen Ordner auf einem anderen Datenträger.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n photo(s) could not be read from the device and are missing. Choose Export to see why.</source>
+        <translation>
+            <numerusform>%n Foto konnte nicht vom Gerät gelesen werden und fehlt. Wählen Sie „Exportieren“, um den Grund zu sehen.</numerusform>
+            <numerusform>%n Fotos konnten nicht vom Gerät gelesen werden und fehlen. Wählen Sie „Exportieren“, um den Grund zu sehen.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Reading %n photo(s) from the device…</source>
+        <translation>
+            <numerusform>%n Foto wird vom Gerät gelesen …</numerusform>
+            <numerusform>%n Fotos werden vom Gerät gelesen …</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+</context>
+<context>
+    <name>browser::ExportChoices</name>
+    <message>
+        <source>The arrangement is wrong at character %1: %2.</source>
+        <translation>Die Anordnung ist bei Zeichen %1 falsch: %2.</translation>
+    </message>
+    <message>
+        <source>A folder for each year</source>
+        <translation>Ein Ordner für jedes Jahr</translation>
+    </message>
+    <message>
+        <source>A folder for each month</source>
+        <translation>Ein Ordner für jeden Monat</translation>
+    </message>
+    <message>
+        <source>A folder for each day</source>
+        <translation>Ein Ordner für jeden Tag</translation>
+    </message>
+    <message>
+        <source>All in one folder, by date and time</source>
+        <translation>Alles in einem Ordner, nach Datum und Zeit</translation>
+    </message>
+    <message>
+        <source>As on the device</source>
+        <translation>Wie auf dem Gerät</translation>
+    </message>
+</context>
+<context>
+    <name>browser::ExportTexts</name>
+    <message numerus="yes">
+        <source>%n file(s) to copy, %1</source>
+        <translation>
+            <numerusform>%n Datei zu kopieren, %1</numerusform>
+            <numerusform>%n Dateien zu kopieren, %1</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n file(s) copied, %1</source>
+        <translation>
+            <numerusform>%n Datei kopiert, %1</numerusform>
+            <numerusform>%n Dateien kopiert, %1</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n file(s) of the same name and size are there; they will be compared</source>
+        <translation>
+            <numerusform>%n Datei mit gleichem Namen und gleicher Größe ist vorhanden; sie wird verglichen</numerusform>
+            <numerusform>%n Dateien mit gleichem Namen und gleicher Größe sind vorhanden; sie werden verglichen</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n file(s) with the same content were there already</source>
+        <translation>
+            <numerusform>%n Datei mit gleichem Inhalt war schon vorhanden</numerusform>
+            <numerusform>%n Dateien mit gleichem Inhalt waren schon vorhanden</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n file(s) already there from an earlier export</source>
+        <translation>
+            <numerusform>%n Datei ist von einem früheren Export vorhanden</numerusform>
+            <numerusform>%n Dateien sind von einem früheren Export vorhanden</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n original(s) not on the device, only in the cloud</source>
+        <translation>
+            <numerusform>%n Original ist nicht auf dem Gerät, nur in der Cloud</numerusform>
+            <numerusform>%n Originale sind nicht auf dem Gerät, nur in der Cloud</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n file(s) cannot be read</source>
+        <translation>
+            <numerusform>%n Datei kann nicht gelesen werden</numerusform>
+            <numerusform>%n Dateien können nicht gelesen werden</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n file(s) failed</source>
+        <translation>
+            <numerusform>%n Datei fehlgeschlagen</numerusform>
+            <numerusform>%n Dateien fehlgeschlagen</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n album folder(s)</source>
+        <translation>
+            <numerusform>%n Albumordner</numerusform>
+            <numerusform>%n Albumordner</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n album folder(s) could not be made</source>
+        <translation>
+            <numerusform>%n Albumordner konnte nicht angelegt werden</numerusform>
+            <numerusform>%n Albumordner konnten nicht angelegt werden</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>The export is done, but not everything worked.</source>
+        <translation>Der Export ist fertig, aber nicht alles hat geklappt.</translation>
+    </message>
+    <message>
+        <source>Everything is exported.</source>
+        <translation>Alles ist exportiert.</translation>
+    </message>
+    <message>
+        <source>Everything that is on the device is exported.</source>
+        <translation>Alles, was auf dem Gerät ist, ist exportiert.</translation>
+    </message>
+    <message>
+        <source>The export was cancelled.</source>
+        <translation>Der Export wurde abgebrochen.</translation>
+    </message>
+    <message>
+        <source>The device went away.</source>
+        <translation>Das Gerät ist nicht mehr da.</translation>
+    </message>
+    <message>
+        <source>The disk is full.</source>
+        <translation>Der Datenträger ist voll.</translation>
+    </message>
+    <message>
+        <source>The folder cannot be written.</source>
+        <translation>In den Ordner kann nicht geschrieben werden.</translation>
+    </message>
+    <message>
+        <source>The folder&apos;s record of earlier exports cannot be used.</source>
+        <translation>Die Aufzeichnung früherer Exporte in diesem Ordner kann nicht verwendet werden.</translation>
+    </message>
+    <message>
+        <source>The arrangement of the folders is not valid.</source>
+        <translation>Die Anordnung der Ordner ist nicht gültig.</translation>
+    </message>
+    <message>
+        <source>Memory ran short.</source>
+        <translation>Der Arbeitsspeicher reicht nicht aus.</translation>
+    </message>
+    <message>
+        <source>Every file that is there is complete. Export the same photos again to go on where this stopped.</source>
+        <translation>Jede vorhandene Datei ist vollständig. Exportieren Sie dieselben Fotos noch einmal, um hier weiterzumachen.</translation>
+    </message>
+    <message>
+        <source>%1/s</source>
+        <comment>bytes in a second</comment>
+        <translation>%1/s</translation>
+    </message>
+    <message>
+        <source>less than a minute left</source>
+        <translation>noch weniger als eine Minute</translation>
+    </message>
+    <message numerus="yes">
+        <source>about %n minute(s) left</source>
+        <translation>
+            <numerusform>noch etwa %n Minute</numerusform>
+            <numerusform>noch etwa %n Minuten</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>about %n hour(s) left</source>
+        <translation>
+            <numerusform>noch etwa %n Stunde</numerusform>
+            <numerusform>noch etwa %n Stunden</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1, %2</source>
+        <comment>how fast, and how long</comment>
+        <translation>%1, %2</translation>
+    </message>
+</context>
+<context>
+    <name>browser::ExportWindow</name>
+    <message numerus="yes">
+        <source>Export %n photo(s) and video(s)</source>
+        <translation>
+            <numerusform>%n Foto oder Video exportieren</numerusform>
+            <numerusform>%n Fotos und Videos exportieren</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Show in &amp;folder</source>
+        <translation>Im &amp;Ordner zeigen</translation>
+    </message>
+    <message>
+        <source>&amp;Back</source>
+        <translation>&amp;Zurück</translation>
+    </message>
+    <message>
+        <source>&amp;Pause</source>
+        <translation>&amp;Pause</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>&amp;Start</source>
+        <translation>&amp;Starten</translation>
+    </message>
+    <message>
+        <source>&amp;Continue</source>
+        <translation>&amp;Weiter</translation>
+    </message>
+    <message>
+        <source>There is not enough room: %1 free in “%2”. Choose another folder, or make room first.</source>
+        <translation>Der Platz reicht nicht: %1 frei in „%2“. Wählen Sie einen anderen Ordner, oder schaffen Sie zuerst Platz.</translation>
+    </message>
+    <message>
+        <source>There is nothing to copy.</source>
+        <translation>Es gibt nichts zu kopieren.</translation>
+    </message>
+    <message>
+        <source>To: %1</source>
+        <translation>Nach: %1</translation>
+    </message>
+    <message>
+        <source>This will be done:</source>
+        <translation>Das wird getan:</translation>
+    </message>
+    <message>
+        <source>&amp;Export again what failed</source>
+        <translation>&amp;Fehlgeschlagenes noch einmal exportieren</translation>
+    </message>
+    <message>
+        <source>&amp;Go on</source>
+        <translation>&amp;Fortsetzen</translation>
+    </message>
+    <message>
+        <source>&amp;Resume</source>
+        <translation>&amp;Fortsetzen</translation>
+    </message>
+    <message>
+        <source>No file manager could be opened. The files are in %1.</source>
+        <translation>Es konnte kein Dateimanager geöffnet werden. Die Dateien sind in %1.</translation>
+    </message>
+    <message>
+        <source>An export is running. Cancel it? What is complete stays.</source>
+        <translation>Ein Export läuft. Abbrechen? Was fertig ist, bleibt erhalten.</translation>
+    </message>
+</context>
+<context>
+    <name>browser::FactsPane</name>
+    <message>
+        <source>Facts of the current photo</source>
+        <translation>Angaben zum aktuellen Foto</translation>
+    </message>
+    <message>
+        <source>Kind</source>
+        <translation>Art</translation>
+    </message>
+    <message>
+        <source>Taken</source>
+        <translation>Aufgenommen</translation>
+    </message>
+    <message>
+        <source>Changed</source>
+        <translation>Geändert</translation>
+    </message>
+    <message>
+        <source>Deleted</source>
+        <translation>Gelöscht</translation>
+    </message>
+    <message>
+        <source>Dimensions</source>
+        <translation>Maße</translation>
+    </message>
+    <message>
+        <source>Length</source>
+        <translation>Länge</translation>
+    </message>
+    <message>
+        <source>Size</source>
+        <translation>Größe</translation>
+    </message>
+    <message>
+        <source>Marks</source>
+        <translation>Merkmale</translation>
+    </message>
+    <message>
+        <source>Place</source>
+        <translation>Ort</translation>
+    </message>
+    <message>
+        <source>Copy coordinates</source>
+        <translation>Koordinaten kopieren</translation>
+    </message>
+    <message>
+        <source>In</source>
+        <translation>In</translation>
+    </message>
+    <message>
+        <source>On the device</source>
+        <translation>Auf dem Gerät</translation>
+    </message>
+    <message>
+        <source>Choose a photo to see its facts.</source>
+        <translation>Wählen Sie ein Foto, um die Angaben dazu zu sehen.</translation>
+    </message>
+    <message>
+        <source>%1 × %2 pixels</source>
+        <translation>%1 × %2 Pixel</translation>
+    </message>
+    <message>
+        <source>Favorite</source>
+        <translation>Favorit</translation>
+    </message>
+    <message>
+        <source>Hidden</source>
+        <translation>Ausgeblendet</translation>
+    </message>
+    <message>
+        <source>Recently deleted</source>
+        <translation>Zuletzt gelöscht</translation>
+    </message>
+    <message>
+        <source>Edited on the device</source>
+        <translation>Auf dem Gerät bearbeitet</translation>
+    </message>
+    <message>
+        <source>Part of a burst</source>
+        <translation>Teil einer Serie</translation>
+    </message>
+    <message>
+        <source>Taken with the front camera</source>
+        <translation>Mit der Frontkamera aufgenommen</translation>
+    </message>
+    <message>
+        <source>Taken in portrait mode</source>
+        <translation>Im Porträtmodus aufgenommen</translation>
+    </message>
+    <message>
+        <source>Only in the cloud, not on the device</source>
+        <translation>Nur in der Cloud, nicht auf dem Gerät</translation>
+    </message>
+</context>
+<context>
+    <name>browser::FilmPanel</name>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Getting %1 from the device…</source>
+        <translation>%1 wird vom Gerät geholt …</translation>
+    </message>
+    <message>
+        <source>%1 of %2</source>
+        <translation>%1 von %2</translation>
+    </message>
+</context>
+<context>
+    <name>browser::LibraryPage</name>
+    <message>
+        <source>&amp;Clear search and filters</source>
+        <translation>Suche und Filter &amp;zurücksetzen</translation>
+    </message>
+    <message>
+        <source>&amp;Export…</source>
+        <translation>&amp;Exportieren …</translation>
+    </message>
+    <message>
+        <source>&amp;Copy file name</source>
+        <translation>Dateinamen &amp;kopieren</translation>
+    </message>
+    <message>
+        <source>Show &amp;facts</source>
+        <translation>&amp;Angaben zeigen</translation>
+    </message>
+    <message>
+        <source>&amp;Search</source>
+        <translation>&amp;Suchen</translation>
+    </message>
+    <message>
+        <source>There are no photos here.</source>
+        <translation>Hier sind keine Fotos.</translation>
+    </message>
+    <message>
+        <source>Nothing matches the filters.</source>
+        <translation>Nichts passt zu den Filtern.</translation>
+    </message>
+    <message>
+        <source>Nothing matches “%1”.</source>
+        <translation>Nichts passt zu „%1“.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln selected (%1)</source>
+        <comment>photos</comment>
+        <translation>
+            <numerusform>%Ln ausgewählt (%1)</numerusform>
+            <numerusform>%Ln ausgewählt (%1)</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1  ·  %2</source>
+        <comment>photos shown, photos selected</comment>
+        <translation>%1  ·  %2</translation>
+    </message>
+    <message>
+        <source>&amp;Open</source>
+        <translation>Ö&amp;ffnen</translation>
     </message>
 </context>
 <context>
@@ -520,6 +1226,259 @@ Ohne DEVICE werden die vorhandenen Handys, Sicherungen und Ordner aufgelistet.</
     </message>
 </context>
 <context>
+    <name>browser::PageBar</name>
+    <message>
+        <source>Sort</source>
+        <translation>Sortieren</translation>
+    </message>
+    <message>
+        <source>Filter</source>
+        <translation>Filtern</translation>
+    </message>
+    <message>
+        <source>Info</source>
+        <translation>Info</translation>
+    </message>
+    <message>
+        <source>Show or hide all facts of the current photo (F9)</source>
+        <translation>Alle Angaben zum aktuellen Foto zeigen oder verbergen (F9)</translation>
+    </message>
+    <message>
+        <source>Search photos</source>
+        <translation>Fotos suchen</translation>
+    </message>
+    <message>
+        <source>Search name, album or date</source>
+        <translation>Name, Album oder Datum suchen</translation>
+    </message>
+    <message>
+        <source>Names of files, titles of albums, and dates such as June 2019 or 2019-06 (Ctrl+F)</source>
+        <translation>Dateinamen, Albumtitel und Daten wie Juni 2019 oder 2019-06 (Strg+F)</translation>
+    </message>
+    <message>
+        <source>Size of the thumbnails</source>
+        <translation>Größe der Miniaturbilder</translation>
+    </message>
+    <message>
+        <source>Size of the thumbnails (Ctrl++ and Ctrl+-)</source>
+        <translation>Größe der Miniaturbilder (Strg++ und Strg+-)</translation>
+    </message>
+    <message>
+        <source>Date &amp;taken</source>
+        <translation>&amp;Aufnahmedatum</translation>
+    </message>
+    <message>
+        <source>Date &amp;added</source>
+        <translation>&amp;Hinzugefügt am</translation>
+    </message>
+    <message>
+        <source>&amp;Name</source>
+        <translation>&amp;Name</translation>
+    </message>
+    <message>
+        <source>&amp;Size</source>
+        <translation>&amp;Größe</translation>
+    </message>
+    <message>
+        <source>&amp;Kind</source>
+        <translation>A&amp;rt</translation>
+    </message>
+    <message>
+        <source>&amp;Last or largest first</source>
+        <translation>&amp;Letzte oder größte zuerst</translation>
+    </message>
+    <message>
+        <source>&amp;First or smallest first</source>
+        <translation>&amp;Erste oder kleinste zuerst</translation>
+    </message>
+    <message>
+        <source>Only &amp;photos</source>
+        <translation>Nur &amp;Fotos</translation>
+    </message>
+    <message>
+        <source>Only &amp;videos</source>
+        <translation>Nur &amp;Videos</translation>
+    </message>
+    <message>
+        <source>Only &amp;favorites</source>
+        <translation>Nur Favo&amp;riten</translation>
+    </message>
+    <message>
+        <source>Only &amp;Live Photos</source>
+        <translation>Nur &amp;Live Photos</translation>
+    </message>
+    <message>
+        <source>Only &amp;edited ones</source>
+        <translation>Nur &amp;bearbeitete</translation>
+    </message>
+    <message>
+        <source>Only with a p&amp;lace</source>
+        <translation>Nur mit &amp;Ort</translation>
+    </message>
+    <message>
+        <source>Only what is on the &amp;device</source>
+        <translation>Nur was auf dem &amp;Gerät ist</translation>
+    </message>
+    <message>
+        <source>&amp;Clear filters</source>
+        <translation>Filter &amp;zurücksetzen</translation>
+    </message>
+    <message>
+        <source>Filtered</source>
+        <translation>Gefiltert</translation>
+    </message>
+</context>
+<context>
+    <name>browser::PhotoGrid</name>
+    <message>
+        <source>Photos</source>
+        <translation>Fotos</translation>
+    </message>
+    <message>
+        <source>Deselect</source>
+        <translation>Auswahl aufheben</translation>
+    </message>
+    <message>
+        <source>Select</source>
+        <translation>Auswählen</translation>
+    </message>
+</context>
+<context>
+    <name>browser::PlayButton</name>
+    <message>
+        <source>Play the video</source>
+        <translation>Video abspielen</translation>
+    </message>
+    <message>
+        <source>Play in this computer&apos;s video player (Enter)</source>
+        <translation>Im Videoplayer dieses Computers abspielen (Eingabe)</translation>
+    </message>
+</context>
+<context>
+    <name>browser::ProblemModel</name>
+    <message>
+        <source>Failed</source>
+        <translation>Fehlgeschlagen</translation>
+    </message>
+    <message>
+        <source>Only in the cloud</source>
+        <translation>Nur in der Cloud</translation>
+    </message>
+    <message>
+        <source>Note</source>
+        <translation>Hinweis</translation>
+    </message>
+    <message>
+        <source>open it on the device once, so that it is downloaded, and export it again</source>
+        <translation>öffnen Sie es einmal auf dem Gerät, damit es geladen wird, und exportieren Sie es noch einmal</translation>
+    </message>
+    <message>
+        <source>What</source>
+        <translation>Was</translation>
+    </message>
+    <message>
+        <source>File on the device</source>
+        <translation>Datei auf dem Gerät</translation>
+    </message>
+    <message>
+        <source>Why</source>
+        <translation>Warum</translation>
+    </message>
+</context>
+<context>
+    <name>browser::ProblemPanel</name>
+    <message>
+        <source>Try again</source>
+        <translation>Noch einmal versuchen</translation>
+    </message>
+</context>
+<context>
+    <name>browser::ProgressPage</name>
+    <message>
+        <source>Progress of the export</source>
+        <translation>Fortschritt des Exports</translation>
+    </message>
+    <message>
+        <source>Paused</source>
+        <translation>Angehalten</translation>
+    </message>
+    <message>
+        <source>Looking at the files on the device…</source>
+        <translation>Die Dateien auf dem Gerät werden angesehen …</translation>
+    </message>
+    <message>
+        <source>Making album folders…</source>
+        <translation>Albumordner werden angelegt …</translation>
+    </message>
+    <message>
+        <source>Copying to “%1”…</source>
+        <translation>Nach „%1“ wird kopiert …</translation>
+    </message>
+    <message>
+        <source>%1 of %2 albums</source>
+        <translation>%1 von %2 Alben</translation>
+    </message>
+    <message>
+        <source>%1 of %2 photos and videos</source>
+        <translation>%1 von %2 Fotos und Videos</translation>
+    </message>
+    <message>
+        <source>%1 of %2</source>
+        <comment>sizes</comment>
+        <translation>%1 von %2</translation>
+    </message>
+    <message>
+        <source>%1 — %2</source>
+        <comment>how much, and how fast</comment>
+        <translation>%1 — %2</translation>
+    </message>
+</context>
+<context>
+    <name>browser::ResultPage</name>
+    <message>
+        <source>What did not work</source>
+        <translation>Was nicht geklappt hat</translation>
+    </message>
+    <message>
+        <source>Copy the &amp;list</source>
+        <translation>&amp;Liste kopieren</translation>
+    </message>
+    <message>
+        <source>&amp;Save the list…</source>
+        <translation>Liste &amp;sichern …</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n more not listed</source>
+        <translation>
+            <numerusform>%n weiterer ist nicht aufgeführt</numerusform>
+            <numerusform>%n weitere sind nicht aufgeführt</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Save the list</source>
+        <translation>Liste sichern</translation>
+    </message>
+    <message>
+        <source>export.csv</source>
+        <translation>export.csv</translation>
+    </message>
+    <message>
+        <source>Tables (*.csv);;All files (*)</source>
+        <translation>Tabellen (*.csv);;Alle Dateien (*)</translation>
+    </message>
+    <message>
+        <source>“%1” could not be written: %2. Choose another place.</source>
+        <translation>„%1“ konnte nicht geschrieben werden: %2. Wählen Sie einen anderen Ort.</translation>
+    </message>
+</context>
+<context>
+    <name>browser::SideBar</name>
+    <message>
+        <source>Albums and groups</source>
+        <translation>Alben und Gruppen</translation>
+    </message>
+</context>
+<context>
     <name>browser::StartPage</name>
     <message>
         <source>Choose a phone</source>
@@ -560,6 +1519,244 @@ Ohne DEVICE werden die vorhandenen Handys, Sicherungen und Ordner aufgelistet.</
     <message>
         <source>Open the folder or backup of a phone</source>
         <translation>Den Ordner oder die Sicherung eines Handys öffnen</translation>
+    </message>
+</context>
+<context>
+    <name>browser::Texts</name>
+    <message>
+        <source>No date</source>
+        <translation>Ohne Datum</translation>
+    </message>
+    <message>
+        <source>MMMM yyyy</source>
+        <comment>month and year, as QDate formats them</comment>
+        <translation>MMMM yyyy</translation>
+    </message>
+    <message>
+        <source>%1:%2</source>
+        <comment>minutes and seconds</comment>
+        <translation>%1:%2</translation>
+    </message>
+    <message>
+        <source>%1:%2:%3</source>
+        <comment>hours, minutes and seconds</comment>
+        <translation>%1:%2:%3</translation>
+    </message>
+    <message>
+        <source>%1, %2 (%3)</source>
+        <comment>date, time, time zone</comment>
+        <translation>%1, %2 (%3)</translation>
+    </message>
+    <message>
+        <source>HH:mm:ss</source>
+        <comment>time of day, as QTime formats it</comment>
+        <translation>HH:mm:ss</translation>
+    </message>
+    <message>
+        <source>%1° S, %2° W</source>
+        <translation>%1° S, %2° W</translation>
+    </message>
+    <message>
+        <source>%1° S, %2° E</source>
+        <translation>%1° S, %2° O</translation>
+    </message>
+    <message>
+        <source>%1° N, %2° W</source>
+        <translation>%1° N, %2° W</translation>
+    </message>
+    <message>
+        <source>%1° N, %2° E</source>
+        <translation>%1° N, %2° O</translation>
+    </message>
+    <message>
+        <source>Live Photo</source>
+        <translation>Live Photo</translation>
+    </message>
+    <message>
+        <source>Screenshot</source>
+        <translation>Bildschirmfoto</translation>
+    </message>
+    <message>
+        <source>Panorama</source>
+        <translation>Panorama</translation>
+    </message>
+    <message>
+        <source>Slow-motion video</source>
+        <translation>Zeitlupenvideo</translation>
+    </message>
+    <message>
+        <source>Time-lapse video</source>
+        <translation>Zeitraffervideo</translation>
+    </message>
+    <message>
+        <source>Video</source>
+        <translation>Video</translation>
+    </message>
+    <message>
+        <source>Animated picture</source>
+        <translation>Animiertes Bild</translation>
+    </message>
+    <message>
+        <source>RAW photo</source>
+        <translation>RAW-Foto</translation>
+    </message>
+    <message>
+        <source>Photo</source>
+        <translation>Foto</translation>
+    </message>
+    <message>
+        <source>%1, %2</source>
+        <comment>file name, kind</comment>
+        <translation>%1, %2</translation>
+    </message>
+    <message>
+        <source>%1, %2, %3</source>
+        <comment>file name, kind, date</comment>
+        <translation>%1, %2, %3</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln photo(s)</source>
+        <translation>
+            <numerusform>%Ln Foto</numerusform>
+            <numerusform>%Ln Fotos</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>browser::Viewer</name>
+    <message>
+        <source>Unknown date</source>
+        <translation>Unbekanntes Datum</translation>
+    </message>
+    <message>
+        <source>preview of a RAW photo</source>
+        <translation>Vorschau eines RAW-Fotos</translation>
+    </message>
+</context>
+<context>
+    <name>browser::ViewerBar</name>
+    <message>
+        <source>Back to the library</source>
+        <translation>Zurück zur Mediathek</translation>
+    </message>
+    <message>
+        <source>Previous</source>
+        <translation>Vorheriges</translation>
+    </message>
+    <message>
+        <source>Next</source>
+        <translation>Nächstes</translation>
+    </message>
+    <message>
+        <source>Smaller</source>
+        <translation>Verkleinern</translation>
+    </message>
+    <message>
+        <source>Larger</source>
+        <translation>Vergrößern</translation>
+    </message>
+    <message>
+        <source>Fit into the window</source>
+        <translation>In das Fenster einpassen</translation>
+    </message>
+    <message>
+        <source>Actual size</source>
+        <translation>Originalgröße</translation>
+    </message>
+    <message>
+        <source>Play the Live Photo</source>
+        <translation>Live Photo abspielen</translation>
+    </message>
+    <message>
+        <source>Export…</source>
+        <translation>Exportieren …</translation>
+    </message>
+    <message>
+        <source>Full screen</source>
+        <translation>Vollbild</translation>
+    </message>
+    <message>
+        <source>%1 (%2)</source>
+        <comment>what a button does, and its key</comment>
+        <translation>%1 (%2)</translation>
+    </message>
+    <message>
+        <source>%1 — %2</source>
+        <comment>date, and a note about the photo</comment>
+        <translation>%1 — %2</translation>
+    </message>
+    <message>
+        <source>%1 of %2</source>
+        <comment>number of the photo and of all photos</comment>
+        <translation>%1 von %2</translation>
+    </message>
+    <message>
+        <source>%1 %</source>
+        <comment>size of the picture</comment>
+        <translation>%1 %</translation>
+    </message>
+</context>
+<context>
+    <name>browser::ViewerTexts</name>
+    <message>
+        <source>%1 is only in the cloud, not on this device. Open it on the device once, so that it is downloaded, and try again.</source>
+        <translation>%1 ist nur in der Cloud, nicht auf diesem Gerät. Öffnen Sie es einmal auf dem Gerät, damit es geladen wird, und versuchen Sie es noch einmal.</translation>
+    </message>
+    <message>
+        <source>%1 is not in this backup. Connect the device itself, or make a new backup.</source>
+        <translation>%1 ist nicht in dieser Sicherung. Schließen Sie das Gerät selbst an, oder erstellen Sie eine neue Sicherung.</translation>
+    </message>
+    <message>
+        <source>%1 is not on the device any more.</source>
+        <translation>%1 ist nicht mehr auf dem Gerät.</translation>
+    </message>
+    <message>
+        <source>The device cannot be reached any more. Check the cable, unlock the device, and try again.</source>
+        <translation>Das Gerät ist nicht mehr erreichbar. Prüfen Sie das Kabel, entsperren Sie das Gerät, und versuchen Sie es noch einmal.</translation>
+    </message>
+    <message>
+        <source>%1 could not be read from the device. Check the cable, unlock the device, and try again.</source>
+        <translation>%1 konnte nicht vom Gerät gelesen werden. Prüfen Sie das Kabel, entsperren Sie das Gerät, und versuchen Sie es noch einmal.</translation>
+    </message>
+    <message>
+        <source>%1 could not be read: %2.</source>
+        <translation>%1 konnte nicht gelesen werden: %2.</translation>
+    </message>
+    <message>
+        <source>%1 is an empty file. There is nothing to show.</source>
+        <translation>%1 ist eine leere Datei. Es gibt nichts zu zeigen.</translation>
+    </message>
+    <message>
+        <source>%1 has a format that cannot be shown here. Export it to open it with another program.</source>
+        <translation>%1 hat ein Format, das hier nicht gezeigt werden kann. Exportieren Sie es, um es mit einem anderen Programm zu öffnen.</translation>
+    </message>
+    <message>
+        <source>%1 is a RAW photo without a preview in it. Export it to develop it with another program.</source>
+        <translation>%1 ist ein RAW-Foto ohne eingebettete Vorschau. Exportieren Sie es, um es mit einem anderen Programm zu entwickeln.</translation>
+    </message>
+    <message>
+        <source>%1 is too large to be shown here. Export it to open it with another program.</source>
+        <translation>%1 ist zu groß, um hier gezeigt zu werden. Exportieren Sie es, um es mit einem anderen Programm zu öffnen.</translation>
+    </message>
+    <message>
+        <source>%1 could not be loaded, as memory is short. Close other programs and try again.</source>
+        <translation>%1 konnte nicht geladen werden, da der Arbeitsspeicher nicht ausreicht. Schließen Sie andere Programme, und versuchen Sie es noch einmal.</translation>
+    </message>
+    <message>
+        <source>%1 is damaged and cannot be shown.</source>
+        <translation>%1 ist beschädigt und kann nicht gezeigt werden.</translation>
+    </message>
+    <message>
+        <source>There is not enough room on this computer&apos;s disk to open the video. Make room and try again.</source>
+        <translation>Auf der Festplatte dieses Computers ist nicht genug Platz, um das Video zu öffnen. Schaffen Sie Platz, und versuchen Sie es noch einmal.</translation>
+    </message>
+    <message>
+        <source>The video could not be copied to this computer&apos;s folder for temporary files: %1. Check that folder and try again.</source>
+        <translation>Das Video konnte nicht in den Ordner für temporäre Dateien dieses Computers kopiert werden: %1. Prüfen Sie diesen Ordner, und versuchen Sie es noch einmal.</translation>
+    </message>
+    <message>
+        <source>No program on this computer plays this video. Install a video player, or export the video.</source>
+        <translation>Kein Programm auf diesem Computer spielt dieses Video ab. Installieren Sie einen Videoplayer, oder exportieren Sie das Video.</translation>
     </message>
 </context>
 </TS>

@@ -311,6 +311,268 @@ Without DEVICE it lists the phones, backups and folders that there are.</source>
     </message>
 </context>
 <context>
+    <name>browser::BusySpinner</name>
+    <message>
+        <source>Loading</source>
+        <translation>正在载入</translation>
+    </message>
+</context>
+<context>
+    <name>browser::ChoicesPage</name>
+    <message>
+        <source>Also as &amp;edited on the device, beside the original</source>
+        <translation>同时导出在设备上编辑后的版本，与原件放在一起(&amp;E)</translation>
+    </message>
+    <message>
+        <source>Also a folder for each &amp;album, with links to the files</source>
+        <translation>同时为每个相簿建立文件夹，其中是指向文件的链接(&amp;A)</translation>
+    </message>
+    <message>
+        <source>Folder for the export</source>
+        <translation>导出文件夹</translation>
+    </message>
+    <message>
+        <source>&amp;Choose…</source>
+        <translation>选择(&amp;C)…</translation>
+    </message>
+    <message>
+        <source>Export &amp;to:</source>
+        <translation>导出到(&amp;T)：</translation>
+    </message>
+    <message>
+        <source>My own arrangement</source>
+        <translation>自定义排列</translation>
+    </message>
+    <message>
+        <source>My own arrangement of folders and names</source>
+        <translation>自定义文件夹和文件名的排列</translation>
+    </message>
+    <message>
+        <source>&amp;Arrange:</source>
+        <translation>排列方式(&amp;A)：</translation>
+    </message>
+    <message>
+        <source>Include:</source>
+        <translation>包括：</translation>
+    </message>
+    <message>
+        <source>No file that is there already is ever replaced: what was exported before is recognised and not copied again, and a different file of the same name gets a number.</source>
+        <translation>绝不替换已有文件：以前导出过的文件会被识别，不会再次复制；同名的不同文件会加上编号。</translation>
+    </message>
+    <message>
+        <source>Existing files:</source>
+        <translation>已有文件：</translation>
+    </message>
+    <message>
+        <source>Choose a folder for the export</source>
+        <translation>选择导出文件夹</translation>
+    </message>
+    <message>
+        <source>%1 free there, about %2 to export</source>
+        <translation>可用空间 %1，约需导出 %2</translation>
+    </message>
+    <message>
+        <source>%1 free there</source>
+        <translation>可用空间 %1</translation>
+    </message>
+    <message>
+        <source>For example: %1</source>
+        <translation>例如：%1</translation>
+    </message>
+</context>
+<context>
+    <name>browser::CollectionModel</name>
+    <message>
+        <source>%1, %2</source>
+        <comment>title of a collection, number of its photos</comment>
+        <translation>%1，%2</translation>
+    </message>
+</context>
+<context>
+    <name>browser::CollectionTitles</name>
+    <message>
+        <source>Library</source>
+        <translation>图库</translation>
+    </message>
+    <message>
+        <source>People</source>
+        <translation>人物</translation>
+    </message>
+    <message>
+        <source>Places</source>
+        <translation>地点</translation>
+    </message>
+    <message>
+        <source>Memories</source>
+        <translation>回忆</translation>
+    </message>
+    <message>
+        <source>Kinds</source>
+        <translation>媒体类型</translation>
+    </message>
+    <message>
+        <source>Albums</source>
+        <translation>相簿</translation>
+    </message>
+    <message>
+        <source>Shared albums</source>
+        <translation>共享相簿</translation>
+    </message>
+    <message>
+        <source>More</source>
+        <translation>更多</translation>
+    </message>
+    <message>
+        <source>All photos</source>
+        <translation>所有照片</translation>
+    </message>
+    <message>
+        <source>Videos</source>
+        <translation>视频</translation>
+    </message>
+    <message>
+        <source>Favorites</source>
+        <translation>个人收藏</translation>
+    </message>
+    <message>
+        <source>Portraits</source>
+        <translation>人像</translation>
+    </message>
+    <message>
+        <source>Panoramas</source>
+        <translation>全景照片</translation>
+    </message>
+    <message>
+        <source>Live Photos</source>
+        <translation>实况照片</translation>
+    </message>
+    <message>
+        <source>Time-lapse</source>
+        <translation>延时摄影</translation>
+    </message>
+    <message>
+        <source>Screen recordings</source>
+        <translation>录屏</translation>
+    </message>
+    <message>
+        <source>Slow motion</source>
+        <translation>慢动作</translation>
+    </message>
+    <message>
+        <source>Animated</source>
+        <translation>动图</translation>
+    </message>
+    <message>
+        <source>Bursts</source>
+        <translation>连拍快照</translation>
+    </message>
+    <message>
+        <source>Screenshots</source>
+        <translation>截屏</translation>
+    </message>
+    <message>
+        <source>Selfies</source>
+        <translation>自拍</translation>
+    </message>
+    <message>
+        <source>Recently deleted</source>
+        <translation>最近删除</translation>
+    </message>
+    <message>
+        <source>Hidden</source>
+        <translation>已隐藏</translation>
+    </message>
+    <message>
+        <source>Imported</source>
+        <translation>已导入</translation>
+    </message>
+    <message>
+        <source>RAW photos</source>
+        <translation>RAW 照片</translation>
+    </message>
+    <message>
+        <source>Duplicates</source>
+        <translation>重复项目</translation>
+    </message>
+    <message>
+        <source>Cinematic</source>
+        <translation>电影效果</translation>
+    </message>
+    <message>
+        <source>Camera roll</source>
+        <translation>相机胶卷</translation>
+    </message>
+    <message>
+        <source>All shared albums</source>
+        <translation>所有共享相簿</translation>
+    </message>
+    <message>
+        <source>From the cloud</source>
+        <translation>来自云端</translation>
+    </message>
+    <message>
+        <source>From a computer</source>
+        <translation>来自电脑</translation>
+    </message>
+    <message>
+        <source>Photo stream</source>
+        <translation>照片流</translation>
+    </message>
+    <message>
+        <source>Person %1</source>
+        <translation>人物 %1</translation>
+    </message>
+    <message>
+        <source>Memory</source>
+        <translation>回忆</translation>
+    </message>
+    <message>
+        <source>Memory of %1</source>
+        <comment>date</comment>
+        <translation>%1的回忆</translation>
+    </message>
+    <message>
+        <source>No date</source>
+        <translation>无日期</translation>
+    </message>
+    <message>
+        <source>Import</source>
+        <translation>导入</translation>
+    </message>
+    <message>
+        <source>Import of %1</source>
+        <comment>date</comment>
+        <translation>%1导入</translation>
+    </message>
+</context>
+<context>
+    <name>browser::DestinationChecker</name>
+    <message>
+        <source>Choose a folder for the export.</source>
+        <translation>请选择导出文件夹。</translation>
+    </message>
+    <message>
+        <source>The name of the folder must begin with “/”. Choose the folder with the button beside it.</source>
+        <translation>文件夹名称必须以“/”开头。请用旁边的按钮选择文件夹。</translation>
+    </message>
+    <message>
+        <source>This folder belongs to the device, to which nothing is ever written. Choose another folder.</source>
+        <translation>此文件夹属于设备，绝不会向设备写入任何内容。请选择其他文件夹。</translation>
+    </message>
+    <message>
+        <source>This folder holds the device&apos;s own folder, to which nothing is ever written. Choose a folder beside that.</source>
+        <translation>此文件夹包含设备自己的文件夹，绝不会向其写入任何内容。请选择它旁边的文件夹。</translation>
+    </message>
+    <message>
+        <source>“%1” is a file, not a folder. Choose another folder.</source>
+        <translation>“%1”是文件而不是文件夹。请选择其他文件夹。</translation>
+    </message>
+    <message>
+        <source>You may not write into “%1”. Choose another folder.</source>
+        <translation>您没有写入“%1”的权限。请选择其他文件夹。</translation>
+    </message>
+</context>
+<context>
     <name>browser::DeviceListModel</name>
     <message>
         <source>This version does not read phones over the cable. Open a folder or a backup instead.</source>
@@ -344,6 +606,433 @@ Without DEVICE it lists the phones, backups and folders that there are.</source>
         <source>%1, %2</source>
         <comment>a device and what is known of it</comment>
         <translation>%1，%2</translation>
+    </message>
+</context>
+<context>
+    <name>browser::DragFiles</name>
+    <message>
+        <source>Drag to a folder</source>
+        <translation>拖到文件夹</translation>
+    </message>
+    <message numerus="yes">
+        <source>More than %n photo(s) are better exported. Choose Export instead of dragging them.</source>
+        <translation>
+            <numerusform>超过 %n 张照片时最好导出。请选择“导出”，而不要拖动。</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>There is not enough room for temporary files on this computer. Choose Export instead, with a folder on another disk.</source>
+        <translation>这台电脑上没有足够的空间存放临时文件。请改用“导出”，并选择其他磁盘上的文件夹。</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n photo(s) could not be read from the device and are missing. Choose Export to see why.</source>
+        <translation>
+            <numerusform>有 %n 张照片无法从设备读取，因此缺失。请选择“导出”查看原因。</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Reading %n photo(s) from the device…</source>
+        <translation>
+            <numerusform>正在从设备读取 %n 张照片…</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>取消</translation>
+    </message>
+</context>
+<context>
+    <name>browser::ExportChoices</name>
+    <message>
+        <source>The arrangement is wrong at character %1: %2.</source>
+        <translation>排列方式在第 %1 个字符处有误：%2。</translation>
+    </message>
+    <message>
+        <source>A folder for each year</source>
+        <translation>每年一个文件夹</translation>
+    </message>
+    <message>
+        <source>A folder for each month</source>
+        <translation>每月一个文件夹</translation>
+    </message>
+    <message>
+        <source>A folder for each day</source>
+        <translation>每天一个文件夹</translation>
+    </message>
+    <message>
+        <source>All in one folder, by date and time</source>
+        <translation>全部放在一个文件夹，按日期和时间</translation>
+    </message>
+    <message>
+        <source>As on the device</source>
+        <translation>与设备上相同</translation>
+    </message>
+</context>
+<context>
+    <name>browser::ExportTexts</name>
+    <message numerus="yes">
+        <source>%n file(s) to copy, %1</source>
+        <translation>
+            <numerusform>要复制 %n 个文件，%1</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n file(s) copied, %1</source>
+        <translation>
+            <numerusform>已复制 %n 个文件，%1</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n file(s) of the same name and size are there; they will be compared</source>
+        <translation>
+            <numerusform>已有 %n 个名称和大小相同的文件，将进行比较</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n file(s) with the same content were there already</source>
+        <translation>
+            <numerusform>已有 %n 个内容相同的文件</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n file(s) already there from an earlier export</source>
+        <translation>
+            <numerusform>已有 %n 个以前导出的文件</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n original(s) not on the device, only in the cloud</source>
+        <translation>
+            <numerusform>%n 个原件不在设备上，仅在云端</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n file(s) cannot be read</source>
+        <translation>
+            <numerusform>%n 个文件无法读取</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n file(s) failed</source>
+        <translation>
+            <numerusform>%n 个文件失败</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n album folder(s)</source>
+        <translation>
+            <numerusform>%n 个相簿文件夹</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n album folder(s) could not be made</source>
+        <translation>
+            <numerusform>%n 个相簿文件夹无法建立</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>The export is done, but not everything worked.</source>
+        <translation>导出已完成，但有部分项目未成功。</translation>
+    </message>
+    <message>
+        <source>Everything is exported.</source>
+        <translation>已全部导出。</translation>
+    </message>
+    <message>
+        <source>Everything that is on the device is exported.</source>
+        <translation>设备上的内容已全部导出。</translation>
+    </message>
+    <message>
+        <source>The export was cancelled.</source>
+        <translation>导出已取消。</translation>
+    </message>
+    <message>
+        <source>The device went away.</source>
+        <translation>设备已断开。</translation>
+    </message>
+    <message>
+        <source>The disk is full.</source>
+        <translation>磁盘已满。</translation>
+    </message>
+    <message>
+        <source>The folder cannot be written.</source>
+        <translation>无法写入该文件夹。</translation>
+    </message>
+    <message>
+        <source>The folder&apos;s record of earlier exports cannot be used.</source>
+        <translation>该文件夹中以前的导出记录无法使用。</translation>
+    </message>
+    <message>
+        <source>The arrangement of the folders is not valid.</source>
+        <translation>文件夹的排列方式无效。</translation>
+    </message>
+    <message>
+        <source>Memory ran short.</source>
+        <translation>内存不足。</translation>
+    </message>
+    <message>
+        <source>Every file that is there is complete. Export the same photos again to go on where this stopped.</source>
+        <translation>已有的每个文件都是完整的。再次导出相同的照片即可从中断处继续。</translation>
+    </message>
+    <message>
+        <source>%1/s</source>
+        <comment>bytes in a second</comment>
+        <translation>%1/秒</translation>
+    </message>
+    <message>
+        <source>less than a minute left</source>
+        <translation>剩余不到一分钟</translation>
+    </message>
+    <message numerus="yes">
+        <source>about %n minute(s) left</source>
+        <translation>
+            <numerusform>剩余约 %n 分钟</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>about %n hour(s) left</source>
+        <translation>
+            <numerusform>剩余约 %n 小时</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1, %2</source>
+        <comment>how fast, and how long</comment>
+        <translation>%1，%2</translation>
+    </message>
+</context>
+<context>
+    <name>browser::ExportWindow</name>
+    <message numerus="yes">
+        <source>Export %n photo(s) and video(s)</source>
+        <translation>
+            <numerusform>导出 %n 个照片和视频</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Show in &amp;folder</source>
+        <translation>在文件夹中显示(&amp;F)</translation>
+    </message>
+    <message>
+        <source>&amp;Back</source>
+        <translation>返回(&amp;B)</translation>
+    </message>
+    <message>
+        <source>&amp;Pause</source>
+        <translation>暂停(&amp;P)</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>关闭</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>取消</translation>
+    </message>
+    <message>
+        <source>&amp;Start</source>
+        <translation>开始(&amp;S)</translation>
+    </message>
+    <message>
+        <source>&amp;Continue</source>
+        <translation>继续(&amp;C)</translation>
+    </message>
+    <message>
+        <source>There is not enough room: %1 free in “%2”. Choose another folder, or make room first.</source>
+        <translation>空间不足：“%2”中可用空间为 %1。请选择其他文件夹，或先腾出空间。</translation>
+    </message>
+    <message>
+        <source>There is nothing to copy.</source>
+        <translation>没有要复制的内容。</translation>
+    </message>
+    <message>
+        <source>To: %1</source>
+        <translation>到：%1</translation>
+    </message>
+    <message>
+        <source>This will be done:</source>
+        <translation>将执行以下操作：</translation>
+    </message>
+    <message>
+        <source>&amp;Export again what failed</source>
+        <translation>重新导出失败的项目(&amp;E)</translation>
+    </message>
+    <message>
+        <source>&amp;Go on</source>
+        <translation>继续导出(&amp;G)</translation>
+    </message>
+    <message>
+        <source>&amp;Resume</source>
+        <translation>恢复(&amp;R)</translation>
+    </message>
+    <message>
+        <source>No file manager could be opened. The files are in %1.</source>
+        <translation>无法打开文件管理器。文件位于 %1。</translation>
+    </message>
+    <message>
+        <source>An export is running. Cancel it? What is complete stays.</source>
+        <translation>正在导出。要取消吗？已完成的内容会保留。</translation>
+    </message>
+</context>
+<context>
+    <name>browser::FactsPane</name>
+    <message>
+        <source>Facts of the current photo</source>
+        <translation>当前照片的信息</translation>
+    </message>
+    <message>
+        <source>Kind</source>
+        <translation>种类</translation>
+    </message>
+    <message>
+        <source>Taken</source>
+        <translation>拍摄时间</translation>
+    </message>
+    <message>
+        <source>Changed</source>
+        <translation>修改时间</translation>
+    </message>
+    <message>
+        <source>Deleted</source>
+        <translation>删除时间</translation>
+    </message>
+    <message>
+        <source>Dimensions</source>
+        <translation>尺寸</translation>
+    </message>
+    <message>
+        <source>Length</source>
+        <translation>时长</translation>
+    </message>
+    <message>
+        <source>Size</source>
+        <translation>大小</translation>
+    </message>
+    <message>
+        <source>Marks</source>
+        <translation>标记</translation>
+    </message>
+    <message>
+        <source>Place</source>
+        <translation>地点</translation>
+    </message>
+    <message>
+        <source>Copy coordinates</source>
+        <translation>拷贝坐标</translation>
+    </message>
+    <message>
+        <source>In</source>
+        <translation>所属</translation>
+    </message>
+    <message>
+        <source>On the device</source>
+        <translation>设备上的位置</translation>
+    </message>
+    <message>
+        <source>Choose a photo to see its facts.</source>
+        <translation>选择一张照片以查看其信息。</translation>
+    </message>
+    <message>
+        <source>%1 × %2 pixels</source>
+        <translation>%1 × %2 像素</translation>
+    </message>
+    <message>
+        <source>Favorite</source>
+        <translation>个人收藏</translation>
+    </message>
+    <message>
+        <source>Hidden</source>
+        <translation>已隐藏</translation>
+    </message>
+    <message>
+        <source>Recently deleted</source>
+        <translation>最近删除</translation>
+    </message>
+    <message>
+        <source>Edited on the device</source>
+        <translation>在设备上编辑过</translation>
+    </message>
+    <message>
+        <source>Part of a burst</source>
+        <translation>连拍快照之一</translation>
+    </message>
+    <message>
+        <source>Taken with the front camera</source>
+        <translation>使用前置摄像头拍摄</translation>
+    </message>
+    <message>
+        <source>Taken in portrait mode</source>
+        <translation>使用人像模式拍摄</translation>
+    </message>
+    <message>
+        <source>Only in the cloud, not on the device</source>
+        <translation>仅在云端，不在设备上</translation>
+    </message>
+</context>
+<context>
+    <name>browser::FilmPanel</name>
+    <message>
+        <source>Cancel</source>
+        <translation>取消</translation>
+    </message>
+    <message>
+        <source>Getting %1 from the device…</source>
+        <translation>正在从设备获取 %1…</translation>
+    </message>
+    <message>
+        <source>%1 of %2</source>
+        <translation>%1 / %2</translation>
+    </message>
+</context>
+<context>
+    <name>browser::LibraryPage</name>
+    <message>
+        <source>&amp;Clear search and filters</source>
+        <translation>清除搜索和筛选(&amp;C)</translation>
+    </message>
+    <message>
+        <source>&amp;Export…</source>
+        <translation>导出(&amp;E)…</translation>
+    </message>
+    <message>
+        <source>&amp;Copy file name</source>
+        <translation>拷贝文件名(&amp;C)</translation>
+    </message>
+    <message>
+        <source>Show &amp;facts</source>
+        <translation>显示信息(&amp;F)</translation>
+    </message>
+    <message>
+        <source>&amp;Search</source>
+        <translation>搜索(&amp;S)</translation>
+    </message>
+    <message>
+        <source>There are no photos here.</source>
+        <translation>这里没有照片。</translation>
+    </message>
+    <message>
+        <source>Nothing matches the filters.</source>
+        <translation>没有符合筛选条件的项目。</translation>
+    </message>
+    <message>
+        <source>Nothing matches “%1”.</source>
+        <translation>没有与“%1”匹配的项目。</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln selected (%1)</source>
+        <comment>photos</comment>
+        <translation>
+            <numerusform>已选择 %Ln 项（%1）</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1  ·  %2</source>
+        <comment>photos shown, photos selected</comment>
+        <translation>%1  ·  %2</translation>
+    </message>
+    <message>
+        <source>&amp;Open</source>
+        <translation>打开(&amp;O)</translation>
     </message>
 </context>
 <context>
@@ -520,6 +1209,258 @@ Without DEVICE it lists the phones, backups and folders that there are.</source>
     </message>
 </context>
 <context>
+    <name>browser::PageBar</name>
+    <message>
+        <source>Sort</source>
+        <translation>排序</translation>
+    </message>
+    <message>
+        <source>Filter</source>
+        <translation>筛选</translation>
+    </message>
+    <message>
+        <source>Info</source>
+        <translation>信息</translation>
+    </message>
+    <message>
+        <source>Show or hide all facts of the current photo (F9)</source>
+        <translation>显示或隐藏当前照片的全部信息 (F9)</translation>
+    </message>
+    <message>
+        <source>Search photos</source>
+        <translation>搜索照片</translation>
+    </message>
+    <message>
+        <source>Search name, album or date</source>
+        <translation>搜索名称、相簿或日期</translation>
+    </message>
+    <message>
+        <source>Names of files, titles of albums, and dates such as June 2019 or 2019-06 (Ctrl+F)</source>
+        <translation>文件名、相簿标题，以及 2019年6月 或 2019-06 这样的日期 (Ctrl+F)</translation>
+    </message>
+    <message>
+        <source>Size of the thumbnails</source>
+        <translation>缩略图大小</translation>
+    </message>
+    <message>
+        <source>Size of the thumbnails (Ctrl++ and Ctrl+-)</source>
+        <translation>缩略图大小（Ctrl++ 和 Ctrl+-）</translation>
+    </message>
+    <message>
+        <source>Date &amp;taken</source>
+        <translation>拍摄日期(&amp;T)</translation>
+    </message>
+    <message>
+        <source>Date &amp;added</source>
+        <translation>添加日期(&amp;A)</translation>
+    </message>
+    <message>
+        <source>&amp;Name</source>
+        <translation>名称(&amp;N)</translation>
+    </message>
+    <message>
+        <source>&amp;Size</source>
+        <translation>大小(&amp;S)</translation>
+    </message>
+    <message>
+        <source>&amp;Kind</source>
+        <translation>种类(&amp;K)</translation>
+    </message>
+    <message>
+        <source>&amp;Last or largest first</source>
+        <translation>最后或最大的在前(&amp;L)</translation>
+    </message>
+    <message>
+        <source>&amp;First or smallest first</source>
+        <translation>最先或最小的在前(&amp;F)</translation>
+    </message>
+    <message>
+        <source>Only &amp;photos</source>
+        <translation>仅照片(&amp;P)</translation>
+    </message>
+    <message>
+        <source>Only &amp;videos</source>
+        <translation>仅视频(&amp;V)</translation>
+    </message>
+    <message>
+        <source>Only &amp;favorites</source>
+        <translation>仅个人收藏(&amp;F)</translation>
+    </message>
+    <message>
+        <source>Only &amp;Live Photos</source>
+        <translation>仅实况照片(&amp;L)</translation>
+    </message>
+    <message>
+        <source>Only &amp;edited ones</source>
+        <translation>仅编辑过的(&amp;E)</translation>
+    </message>
+    <message>
+        <source>Only with a p&amp;lace</source>
+        <translation>仅有地点的(&amp;A)</translation>
+    </message>
+    <message>
+        <source>Only what is on the &amp;device</source>
+        <translation>仅在设备上的(&amp;D)</translation>
+    </message>
+    <message>
+        <source>&amp;Clear filters</source>
+        <translation>清除筛选(&amp;C)</translation>
+    </message>
+    <message>
+        <source>Filtered</source>
+        <translation>已筛选</translation>
+    </message>
+</context>
+<context>
+    <name>browser::PhotoGrid</name>
+    <message>
+        <source>Photos</source>
+        <translation>照片</translation>
+    </message>
+    <message>
+        <source>Deselect</source>
+        <translation>取消选择</translation>
+    </message>
+    <message>
+        <source>Select</source>
+        <translation>选择</translation>
+    </message>
+</context>
+<context>
+    <name>browser::PlayButton</name>
+    <message>
+        <source>Play the video</source>
+        <translation>播放视频</translation>
+    </message>
+    <message>
+        <source>Play in this computer&apos;s video player (Enter)</source>
+        <translation>用这台电脑的视频播放器播放 (Enter)</translation>
+    </message>
+</context>
+<context>
+    <name>browser::ProblemModel</name>
+    <message>
+        <source>Failed</source>
+        <translation>失败</translation>
+    </message>
+    <message>
+        <source>Only in the cloud</source>
+        <translation>仅在云端</translation>
+    </message>
+    <message>
+        <source>Note</source>
+        <translation>提示</translation>
+    </message>
+    <message>
+        <source>open it on the device once, so that it is downloaded, and export it again</source>
+        <translation>请先在设备上打开一次以便下载，然后重新导出</translation>
+    </message>
+    <message>
+        <source>What</source>
+        <translation>情况</translation>
+    </message>
+    <message>
+        <source>File on the device</source>
+        <translation>设备上的文件</translation>
+    </message>
+    <message>
+        <source>Why</source>
+        <translation>原因</translation>
+    </message>
+</context>
+<context>
+    <name>browser::ProblemPanel</name>
+    <message>
+        <source>Try again</source>
+        <translation>重试</translation>
+    </message>
+</context>
+<context>
+    <name>browser::ProgressPage</name>
+    <message>
+        <source>Progress of the export</source>
+        <translation>导出进度</translation>
+    </message>
+    <message>
+        <source>Paused</source>
+        <translation>已暂停</translation>
+    </message>
+    <message>
+        <source>Looking at the files on the device…</source>
+        <translation>正在查看设备上的文件…</translation>
+    </message>
+    <message>
+        <source>Making album folders…</source>
+        <translation>正在建立相簿文件夹…</translation>
+    </message>
+    <message>
+        <source>Copying to “%1”…</source>
+        <translation>正在复制到“%1”…</translation>
+    </message>
+    <message>
+        <source>%1 of %2 albums</source>
+        <translation>%1 / %2 个相簿</translation>
+    </message>
+    <message>
+        <source>%1 of %2 photos and videos</source>
+        <translation>%1 / %2 个照片和视频</translation>
+    </message>
+    <message>
+        <source>%1 of %2</source>
+        <comment>sizes</comment>
+        <translation>%1 / %2</translation>
+    </message>
+    <message>
+        <source>%1 — %2</source>
+        <comment>how much, and how fast</comment>
+        <translation>%1 — %2</translation>
+    </message>
+</context>
+<context>
+    <name>browser::ResultPage</name>
+    <message>
+        <source>What did not work</source>
+        <translation>未成功的项目</translation>
+    </message>
+    <message>
+        <source>Copy the &amp;list</source>
+        <translation>拷贝列表(&amp;L)</translation>
+    </message>
+    <message>
+        <source>&amp;Save the list…</source>
+        <translation>存储列表(&amp;S)…</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n more not listed</source>
+        <translation>
+            <numerusform>另有 %n 项未列出</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Save the list</source>
+        <translation>存储列表</translation>
+    </message>
+    <message>
+        <source>export.csv</source>
+        <translation>export.csv</translation>
+    </message>
+    <message>
+        <source>Tables (*.csv);;All files (*)</source>
+        <translation>表格 (*.csv);;所有文件 (*)</translation>
+    </message>
+    <message>
+        <source>“%1” could not be written: %2. Choose another place.</source>
+        <translation>无法写入“%1”：%2。请选择其他位置。</translation>
+    </message>
+</context>
+<context>
+    <name>browser::SideBar</name>
+    <message>
+        <source>Albums and groups</source>
+        <translation>相簿和分组</translation>
+    </message>
+</context>
+<context>
     <name>browser::StartPage</name>
     <message>
         <source>Choose a phone</source>
@@ -560,6 +1501,243 @@ Without DEVICE it lists the phones, backups and folders that there are.</source>
     <message>
         <source>Open the folder or backup of a phone</source>
         <translation>打开手机的文件夹或备份</translation>
+    </message>
+</context>
+<context>
+    <name>browser::Texts</name>
+    <message>
+        <source>No date</source>
+        <translation>无日期</translation>
+    </message>
+    <message>
+        <source>MMMM yyyy</source>
+        <comment>month and year, as QDate formats them</comment>
+        <translation>yyyy年M月</translation>
+    </message>
+    <message>
+        <source>%1:%2</source>
+        <comment>minutes and seconds</comment>
+        <translation>%1:%2</translation>
+    </message>
+    <message>
+        <source>%1:%2:%3</source>
+        <comment>hours, minutes and seconds</comment>
+        <translation>%1:%2:%3</translation>
+    </message>
+    <message>
+        <source>%1, %2 (%3)</source>
+        <comment>date, time, time zone</comment>
+        <translation>%1 %2 (%3)</translation>
+    </message>
+    <message>
+        <source>HH:mm:ss</source>
+        <comment>time of day, as QTime formats it</comment>
+        <translation>HH:mm:ss</translation>
+    </message>
+    <message>
+        <source>%1° S, %2° W</source>
+        <translation>%1°S %2°W</translation>
+    </message>
+    <message>
+        <source>%1° S, %2° E</source>
+        <translation>%1°S %2°E</translation>
+    </message>
+    <message>
+        <source>%1° N, %2° W</source>
+        <translation>%1°N %2°W</translation>
+    </message>
+    <message>
+        <source>%1° N, %2° E</source>
+        <translation>%1°N %2°E</translation>
+    </message>
+    <message>
+        <source>Live Photo</source>
+        <translation>实况照片</translation>
+    </message>
+    <message>
+        <source>Screenshot</source>
+        <translation>截屏</translation>
+    </message>
+    <message>
+        <source>Panorama</source>
+        <translation>全景照片</translation>
+    </message>
+    <message>
+        <source>Slow-motion video</source>
+        <translation>慢动作视频</translation>
+    </message>
+    <message>
+        <source>Time-lapse video</source>
+        <translation>延时摄影视频</translation>
+    </message>
+    <message>
+        <source>Video</source>
+        <translation>视频</translation>
+    </message>
+    <message>
+        <source>Animated picture</source>
+        <translation>动图</translation>
+    </message>
+    <message>
+        <source>RAW photo</source>
+        <translation>RAW 照片</translation>
+    </message>
+    <message>
+        <source>Photo</source>
+        <translation>照片</translation>
+    </message>
+    <message>
+        <source>%1, %2</source>
+        <comment>file name, kind</comment>
+        <translation>%1，%2</translation>
+    </message>
+    <message>
+        <source>%1, %2, %3</source>
+        <comment>file name, kind, date</comment>
+        <translation>%1，%2，%3</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln photo(s)</source>
+        <translation>
+            <numerusform>%Ln 张照片</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>browser::Viewer</name>
+    <message>
+        <source>Unknown date</source>
+        <translation>未知日期</translation>
+    </message>
+    <message>
+        <source>preview of a RAW photo</source>
+        <translation>RAW 照片的预览</translation>
+    </message>
+</context>
+<context>
+    <name>browser::ViewerBar</name>
+    <message>
+        <source>Back to the library</source>
+        <translation>返回图库</translation>
+    </message>
+    <message>
+        <source>Previous</source>
+        <translation>上一张</translation>
+    </message>
+    <message>
+        <source>Next</source>
+        <translation>下一张</translation>
+    </message>
+    <message>
+        <source>Smaller</source>
+        <translation>缩小</translation>
+    </message>
+    <message>
+        <source>Larger</source>
+        <translation>放大</translation>
+    </message>
+    <message>
+        <source>Fit into the window</source>
+        <translation>适合窗口</translation>
+    </message>
+    <message>
+        <source>Actual size</source>
+        <translation>实际大小</translation>
+    </message>
+    <message>
+        <source>Play the Live Photo</source>
+        <translation>播放实况照片</translation>
+    </message>
+    <message>
+        <source>Export…</source>
+        <translation>导出…</translation>
+    </message>
+    <message>
+        <source>Full screen</source>
+        <translation>全屏</translation>
+    </message>
+    <message>
+        <source>%1 (%2)</source>
+        <comment>what a button does, and its key</comment>
+        <translation>%1 (%2)</translation>
+    </message>
+    <message>
+        <source>%1 — %2</source>
+        <comment>date, and a note about the photo</comment>
+        <translation>%1 — %2</translation>
+    </message>
+    <message>
+        <source>%1 of %2</source>
+        <comment>number of the photo and of all photos</comment>
+        <translation>%1 / %2</translation>
+    </message>
+    <message>
+        <source>%1 %</source>
+        <comment>size of the picture</comment>
+        <translation>%1%</translation>
+    </message>
+</context>
+<context>
+    <name>browser::ViewerTexts</name>
+    <message>
+        <source>%1 is only in the cloud, not on this device. Open it on the device once, so that it is downloaded, and try again.</source>
+        <translation>%1 仅在云端，不在此设备上。请先在设备上打开一次以便下载，然后重试。</translation>
+    </message>
+    <message>
+        <source>%1 is not in this backup. Connect the device itself, or make a new backup.</source>
+        <translation>%1 不在此备份中。请连接设备本身，或制作新的备份。</translation>
+    </message>
+    <message>
+        <source>%1 is not on the device any more.</source>
+        <translation>%1 已不在设备上。</translation>
+    </message>
+    <message>
+        <source>The device cannot be reached any more. Check the cable, unlock the device, and try again.</source>
+        <translation>无法再访问设备。请检查数据线，解锁设备，然后重试。</translation>
+    </message>
+    <message>
+        <source>%1 could not be read from the device. Check the cable, unlock the device, and try again.</source>
+        <translation>无法从设备读取 %1。请检查数据线，解锁设备，然后重试。</translation>
+    </message>
+    <message>
+        <source>%1 could not be read: %2.</source>
+        <translation>无法读取 %1：%2。</translation>
+    </message>
+    <message>
+        <source>%1 is an empty file. There is nothing to show.</source>
+        <translation>%1 是空文件，没有可显示的内容。</translation>
+    </message>
+    <message>
+        <source>%1 has a format that cannot be shown here. Export it to open it with another program.</source>
+        <translation>%1 的格式无法在此显示。请将其导出，用其他程序打开。</translation>
+    </message>
+    <message>
+        <source>%1 is a RAW photo without a preview in it. Export it to develop it with another program.</source>
+        <translation>%1 是不含预览的 RAW 照片。请将其导出，用其他程序处理。</translation>
+    </message>
+    <message>
+        <source>%1 is too large to be shown here. Export it to open it with another program.</source>
+        <translation>%1 太大，无法在此显示。请将其导出，用其他程序打开。</translation>
+    </message>
+    <message>
+        <source>%1 could not be loaded, as memory is short. Close other programs and try again.</source>
+        <translation>内存不足，无法载入 %1。请关闭其他程序，然后重试。</translation>
+    </message>
+    <message>
+        <source>%1 is damaged and cannot be shown.</source>
+        <translation>%1 已损坏，无法显示。</translation>
+    </message>
+    <message>
+        <source>There is not enough room on this computer&apos;s disk to open the video. Make room and try again.</source>
+        <translation>这台电脑的磁盘空间不足，无法打开视频。请腾出空间，然后重试。</translation>
+    </message>
+    <message>
+        <source>The video could not be copied to this computer&apos;s folder for temporary files: %1. Check that folder and try again.</source>
+        <translation>无法将视频复制到这台电脑的临时文件夹：%1。请检查该文件夹，然后重试。</translation>
+    </message>
+    <message>
+        <source>No program on this computer plays this video. Install a video player, or export the video.</source>
+        <translation>这台电脑上没有可播放此视频的程序。请安装视频播放器，或导出视频。</translation>
     </message>
 </context>
 </TS>

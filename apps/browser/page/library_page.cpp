@@ -134,7 +134,7 @@ void LibraryPage::setUpActions()
         addAction(action);
         return action;
     };
-    exportAction = add("exportAction", tr("&Export…"), QKeySequence(Qt::CTRL + Qt::Key_E));
+    exportAction = add("exportAction", tr("&Export…"), QKeySequence()); // the window has the keys for it
     connect(exportAction, &QAction::triggered, this, &LibraryPage::exportSelected);
     copyAction = new QAction(tr("&Copy file name"), this);
     copyAction->setObjectName(QStringLiteral("copyNameAction"));

@@ -20,7 +20,7 @@ public:
     int chosen() const { return last; }
     void choose(int collection);
 
-    QSize sizeHint() const override { return {260, 400}; }
+    QSize sizeHint() const override { return {fontMetrics().averageCharWidth() * 32, 400}; }
 
 Q_SIGNALS:
     void collectionChosen(int collection);

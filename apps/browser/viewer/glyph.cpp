@@ -50,47 +50,47 @@ void addCorners(QPainterPath &path, double inner, double outer, double arm)
     }
 }
 
-QPainterPath pathOf(Glyph glyph)
+QPainterPath pathOf(ViewerGlyph glyph)
 {
     QPainterPath path;
     switch (glyph) {
-    case Glyph::Back:
+    case ViewerGlyph::Back:
         addPolyline(path, {{11, 5.5}, {4.5, 12}, {11, 18.5}});
         addLine(path, 4.5, 12, 20, 12);
         break;
-    case Glyph::Previous:
+    case ViewerGlyph::Previous:
         addPolyline(path, {{15, 5}, {8, 12}, {15, 19}});
         break;
-    case Glyph::Next:
+    case ViewerGlyph::Next:
         addPolyline(path, {{9, 5}, {16, 12}, {9, 19}});
         break;
-    case Glyph::ZoomIn:
+    case ViewerGlyph::ZoomIn:
         addMagnifier(path);
         addLine(path, 10.5, 7.5, 10.5, 13.5);
         break;
-    case Glyph::ZoomOut:
+    case ViewerGlyph::ZoomOut:
         addMagnifier(path);
         break;
-    case Glyph::Fit:
+    case ViewerGlyph::Fit:
         path.addRect(7.5, 8.5, 9, 7);
         addCorners(path, 3.5, 20.5, 3);
         break;
-    case Glyph::ActualSize:
+    case ViewerGlyph::ActualSize:
         addPolyline(path, {{4, 8}, {6.5, 6}, {6.5, 18}});
         addPolyline(path, {{16, 8}, {18.5, 6}, {18.5, 18}});
         path.addEllipse(QPointF(12, 9.5), 0.6, 0.6);
         path.addEllipse(QPointF(12, 15), 0.6, 0.6);
         break;
-    case Glyph::Play:
+    case ViewerGlyph::Play:
         addPolyline(path, {{7.5, 5}, {18.5, 12}, {7.5, 19}});
         path.closeSubpath();
         break;
-    case Glyph::Export:
+    case ViewerGlyph::Export:
         addPolyline(path, {{4.5, 14}, {4.5, 19.5}, {19.5, 19.5}, {19.5, 14}});
         addLine(path, 12, 4, 12, 14.5);
         addPolyline(path, {{7.5, 10.5}, {12, 15}, {16.5, 10.5}});
         break;
-    case Glyph::FullScreen:
+    case ViewerGlyph::FullScreen:
         addCorners(path, 4, 20, 5);
         break;
     }
@@ -100,7 +100,7 @@ QPainterPath pathOf(Glyph glyph)
 class GlyphEngine final : public QIconEngine
 {
 public:
-    explicit GlyphEngine(Glyph wanted) : glyph(wanted) {}
+    explicit GlyphEngine(ViewerGlyph wanted) : glyph(wanted) {}
 
     void paint(QPainter *painter, const QRect &rect, QIcon::Mode mode, QIcon::State) override
     {
@@ -128,12 +128,12 @@ public:
     QIconEngine *clone() const override { return new GlyphEngine(glyph); }
 
 private:
-    Glyph glyph;
+    ViewerGlyph glyph;
 };
 
 } // namespace
 
-QIcon glyphIcon(Glyph glyph)
+QIcon viewerIcon(ViewerGlyph glyph)
 {
     return QIcon(new GlyphEngine(glyph));
 }

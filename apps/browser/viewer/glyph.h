@@ -8,10 +8,10 @@ namespace browser
 {
 
 /// What the viewer's buttons show.
-enum class Glyph { Back, Previous, Next, ZoomIn, ZoomOut, Fit, ActualSize, Play, Export, FullScreen };
+enum class ViewerGlyph { Back, Previous, Next, ZoomIn, ZoomOut, Fit, ActualSize, Play, Export, FullScreen };
 
 /// An icon of lines in the palette's colour for text on buttons: light and dark, of any size and pixel density.
-QIcon glyphIcon(Glyph glyph);
+QIcon viewerIcon(ViewerGlyph glyph);
 
 } // namespace browser
 

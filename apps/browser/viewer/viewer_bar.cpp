@@ -29,17 +29,18 @@ QLabel *namedLabel(const char *name)
 } // namespace
 
 ViewerBar::ViewerBar(QWidget *parent)
-    : QWidget(parent), back(makeButton(Glyph::Back, "backButton", tr("Back to the library"), keyText(Qt::Key_Escape))),
-      previous(makeButton(Glyph::Previous, "previousButton", tr("Previous"), keyText(Qt::Key_PageUp))),
-      next(makeButton(Glyph::Next, "nextButton", tr("Next"), keyText(Qt::Key_PageDown))),
-      zoomOut(makeButton(Glyph::ZoomOut, "zoomOutButton", tr("Smaller"), keyText(Qt::Key_Minus))),
-      zoomIn(makeButton(Glyph::ZoomIn, "zoomInButton", tr("Larger"), keyText(Qt::Key_Plus))),
-      fit(makeButton(Glyph::Fit, "fitButton", tr("Fit into the window"), keyText(Qt::Key_0))),
-      actualSize(makeButton(Glyph::ActualSize, "actualSizeButton", tr("Actual size"), keyText(Qt::Key_1))),
-      playLive(makeButton(Glyph::Play, "playLiveButton", tr("Play the Live Photo"), keyText(Qt::Key_P))),
-      exportPhoto(makeButton(Glyph::Export, "exportButton", tr("Export…"),
+    : QWidget(parent),
+      back(makeButton(ViewerGlyph::Back, "backButton", tr("Back to the library"), keyText(Qt::Key_Escape))),
+      previous(makeButton(ViewerGlyph::Previous, "previousButton", tr("Previous"), keyText(Qt::Key_PageUp))),
+      next(makeButton(ViewerGlyph::Next, "nextButton", tr("Next"), keyText(Qt::Key_PageDown))),
+      zoomOut(makeButton(ViewerGlyph::ZoomOut, "zoomOutButton", tr("Smaller"), keyText(Qt::Key_Minus))),
+      zoomIn(makeButton(ViewerGlyph::ZoomIn, "zoomInButton", tr("Larger"), keyText(Qt::Key_Plus))),
+      fit(makeButton(ViewerGlyph::Fit, "fitButton", tr("Fit into the window"), keyText(Qt::Key_0))),
+      actualSize(makeButton(ViewerGlyph::ActualSize, "actualSizeButton", tr("Actual size"), keyText(Qt::Key_1))),
+      playLive(makeButton(ViewerGlyph::Play, "playLiveButton", tr("Play the Live Photo"), keyText(Qt::Key_P))),
+      exportPhoto(makeButton(ViewerGlyph::Export, "exportButton", tr("Export…"),
                              QKeySequence(Qt::CTRL | Qt::Key_E).toString(QKeySequence::NativeText))),
-      fullScreen(makeButton(Glyph::FullScreen, "fullScreenButton", tr("Full screen"), keyText(Qt::Key_F))),
+      fullScreen(makeButton(ViewerGlyph::FullScreen, "fullScreenButton", tr("Full screen"), keyText(Qt::Key_F))),
       name(namedLabel("photoName")), details(namedLabel("photoDetails")), position(namedLabel("photoPosition")),
       zoomText(namedLabel("zoomText"))
 {
@@ -54,11 +55,11 @@ ViewerBar::ViewerBar(QWidget *parent)
     arrange();
 }
 
-QToolButton *ViewerBar::makeButton(Glyph glyph, const char *objectName, const QString &text, const QString &key)
+QToolButton *ViewerBar::makeButton(ViewerGlyph glyph, const char *objectName, const QString &text, const QString &key)
 {
     auto *button = new QToolButton(this);
     button->setObjectName(QLatin1String(objectName));
-    button->setIcon(glyphIcon(glyph));
+    button->setIcon(viewerIcon(glyph));
     button->setIconSize(QSize(22, 22));
     button->setAutoRaise(true);
     button->setText(text);

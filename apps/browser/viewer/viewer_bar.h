@@ -37,7 +37,7 @@ public:
     QToolButton *const fullScreen;
 
 private:
-    QToolButton *makeButton(Glyph glyph, const char *name, const QString &text, const QString &key);
+    QToolButton *makeButton(ViewerGlyph glyph, const char *name, const QString &text, const QString &key);
     void arrange();
 
     QLabel *const name;

@@ -38,6 +38,7 @@ LibraryRoom::LibraryRoom(Opened opened, QWidget *parent)
 LibraryRoom::~LibraryRoom()
 {
     saveState();
+    library->stop(); // a read that hangs would keep an export from ending
     for (const QPointer<ExportWindow> &window : qAsConst(exports)) {
         if (window)
             window->cancelAndWait();

@@ -57,11 +57,11 @@ QWidget *centred(QWidget *content)
     return around;
 }
 
-// Of the failure, beside its text; drawn anew when the palette changes.
+// Drawn anew when the palette changes.
 class SymbolLabel : public QLabel
 {
 public:
-    explicit SymbolLabel(QWidget *parent) : QLabel(parent)
+    SymbolLabel(Symbol shown, QWidget *parent) : QLabel(parent), symbol(shown)
     {
         const int side = fontMetrics().height() * 3;
         setFixedSize(side, side);
@@ -71,9 +71,27 @@ protected:
     void paintEvent(QPaintEvent *) override
     {
         QPainter painter(this);
-        symbolIcon(Symbol::Warning).paint(&painter, rect());
+        symbolIcon(symbol).paint(&painter, rect());
     }
+
+private:
+    const Symbol symbol;
 };
+
+QHBoxLayout *besideSymbol(Symbol symbol, std::initializer_list<QWidget *> contents)
+{
+    QWidget *const page = (*contents.begin())->parentWidget();
+    auto *const column = new QVBoxLayout;
+    column->addStretch(1);
+    for (QWidget *const widget : contents)
+        column->addWidget(widget);
+    column->addStretch(1);
+    auto *const row = new QHBoxLayout;
+    row->setSpacing(page->fontMetrics().height());
+    row->addWidget(new SymbolLabel(symbol, page), 0, Qt::AlignTop);
+    row->addLayout(column, 1);
+    return row;
+}
 
 QHBoxLayout *atTheEnd(std::initializer_list<QWidget *> buttons)
 {
@@ -108,8 +126,8 @@ QWidget *OpeningPage::makeProgress()
     cancelButton->setShortcut(QKeySequence::Cancel);
     auto *const layout = new QVBoxLayout(page);
     layout->setSpacing(fontMetrics().height() / 2);
-    layout->addWidget(stageLabel);
-    layout->addWidget(bar);
+    layout->addLayout(besideSymbol(Symbol::Phone, {stageLabel, bar}));
+    layout->addSpacing(fontMetrics().height() / 2);
     layout->addLayout(atTheEnd({cancelButton}));
     connect(cancelButton, &QPushButton::clicked, this, &OpeningPage::cancelRequested);
     return page;
@@ -129,9 +147,8 @@ QWidget *OpeningPage::makePassword()
     QPushButton *const unlock = makeButton(QStringLiteral("unlockButton"), tr("&Unlock"), page);
     auto *const layout = new QVBoxLayout(page);
     layout->setSpacing(fontMetrics().height() / 2);
-    layout->addWidget(title);
-    layout->addWidget(passwordHint);
-    layout->addWidget(passwordEdit);
+    layout->addLayout(besideSymbol(Symbol::Backup, {title, passwordHint, passwordEdit}));
+    layout->addSpacing(fontMetrics().height() / 2);
     layout->addLayout(atTheEnd({back, unlock}));
     connect(passwordEdit, &QLineEdit::returnPressed, this, &OpeningPage::takePassword);
     connect(unlock, &QPushButton::clicked, this, &OpeningPage::takePassword);
@@ -159,16 +176,9 @@ QWidget *OpeningPage::makeFailure()
     QPushButton *const back = makeButton(QStringLiteral("failureBack"), tr("&Back"), page);
     pairButton = makeButton(QStringLiteral("pairButton"), tr("&Pair Again"), page);
     retryButton = makeButton(QStringLiteral("retryButton"), tr("&Try Again"), page);
-    auto *const texts = new QVBoxLayout;
-    texts->addWidget(failureTitle);
-    texts->addWidget(failureText);
-    auto *const top = new QHBoxLayout;
-    top->setSpacing(fontMetrics().height());
-    top->addWidget(new SymbolLabel(page), 0, Qt::AlignTop);
-    top->addLayout(texts, 1);
     auto *const layout = new QVBoxLayout(page);
     layout->setSpacing(fontMetrics().height() / 2);
-    layout->addLayout(top);
+    layout->addLayout(besideSymbol(Symbol::Warning, {failureTitle, failureText}));
     layout->addWidget(detailsButton);
     layout->addWidget(detailsText);
     layout->addSpacing(fontMetrics().height());

@@ -4,11 +4,13 @@
 #include "apps/browser/library/opened_library.h"
 #include "apps/browser/window/command_line.h"
 #include "apps/browser/window/main_window.h"
+#include "apps/browser/window/roomy_style.h"
 #include "apps/browser/window/translations.h"
 #include "apps/browser/window/window_keeper.h"
 
 #include <QApplication>
 #include <QIcon>
+#include <QStyle>
 
 #include <chrono>
 #include <cstdio>
@@ -85,6 +87,7 @@ void setUpApplication(QApplication &application)
     const QIcon own(QStringLiteral(":/desktop/photolib-browser.png"));
     QApplication::setWindowIcon(QIcon::fromTheme(QStringLiteral("photolib-browser"), own));
     installTranslations(application);
+    QApplication::setStyle(new RoomyStyle(QApplication::style()->objectName()));
 }
 
 bool printedHelp(int argc, char **argv)

@@ -3,24 +3,31 @@
 
 #include "apps/browser/device/device_list_model.h"
 #include "apps/browser/device/start_page.h"
+#include "apps/browser/exporting/export_window.h"
 #include "apps/browser/library/background.h"
 #include "apps/browser/library/opening_failure.h"
 #include "apps/browser/page/library_page.h"
+#include "apps/browser/viewer/viewer.h"
 #include "apps/browser/window/main_window.h"
+#include "apps/browser/window/notice_bar.h"
 #include "apps/browser/window/opening_page.h"
 #include "apps/browser/window/program.h"
+#include "apps/browser/window/roomy_style.h"
 #include "apps/browser/window/window_keeper.h"
 #include "devicehost/device_host.h"
+#include "tests/browser/support/opened_folder.h"
 #include "tests/browser/support/opening.h"
 #include "tests/cli/sample/sample_folder.h"
 
 #include <QApplication>
+#include <QComboBox>
 #include <QDir>
 #include <QListView>
+#include <QPushButton>
 #include <QStandardPaths>
-#include <QStyleFactory>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QToolButton>
 
 #include <cstdio>
 
@@ -106,14 +113,78 @@ private:
         auto *const page = window->findChild<LibraryPage *>();
         QTest::qWait(3000); // for the thumbnails
         save(window, "library");
-        const QVector<qint64> ids = page->shownPhotos();
-        if (!ids.isEmpty()) {
-            Q_EMIT page->photosActivated(ids, ids.size() / 2);
-            QTest::qWait(1500);
-            save(window, "viewer");
-        }
+        const QVector<qint64> ids = originalsIn(sample, *page);
+        if (ids.size() < 5)
+            return false;
+        selection(window, page, ids[2]);
+        Q_EMIT page->photosActivated(ids, 2);
+        QTest::qWait(1500); // for the picture
+        save(window, "viewer");
+        QTest::keyClick(window->findChild<Viewer *>(), Qt::Key_Escape);
+        const bool done = exporting(window, page);
+        devicePulled(window, page, sample.root());
         window->close();
+        return done;
+    }
+
+    // Photos whose original is there: many of a made-up phone are in the cloud only.
+    static QVector<qint64> originalsIn(const SampleFolder &sample, const LibraryPage &page)
+    {
+        const std::shared_ptr<OpenedLibrary> opened = openFolder(sample.root());
+        QVector<qint64> found;
+        for (const qint64 id : page.shownPhotos())
+            if (const QString path = opened->devicePath(id);
+                path.endsWith(QStringLiteral(".JPG")) && QFile::exists(sample.path(path)))
+                found += id;
+        return found;
+    }
+
+    void selection(MainWindow *window, LibraryPage *page, qint64 first) const
+    {
+        page->setCurrentPhoto(first);
+        auto *const grid = page->findChild<QWidget *>(QStringLiteral("photoGrid"));
+        for (int further = 0; further < 2; ++further)
+            QTest::keyClick(grid, Qt::Key_Right, Qt::ShiftModifier);
+        page->findChild<QToolButton *>(QStringLiteral("factsButton"))->setChecked(true);
+        QTest::qWait(1000); // for thumbnails of another size
+        save(window, "selection");
+    }
+
+    bool exporting(MainWindow *window, LibraryPage *page) const
+    {
+        Q_EMIT page->exportRequested(page->shownPhotos());
+        auto *const dialog = window->findChild<ExportWindow *>();
+        const auto button = [dialog](const char *name) {
+            return dialog->findChild<QPushButton *>(QLatin1String(name));
+        };
+        const QTemporaryDir target;
+        dialog->findChild<QComboBox *>(QStringLiteral("destinationBox"))
+            ->setEditText(target.filePath(QStringLiteral("Photos")));
+        if (!comesTrueSoon([&] { return button("nextButton")->isEnabled(); }))
+            return false;
+        save(dialog, "export-choices");
+        button("nextButton")->click();
+        if (!comesTrueSoon([&] { return button("backButton")->isVisible(); }))
+            return false;
+        save(dialog, "export-summary");
+        button("nextButton")->click();
+        QTest::qWait(200);
+        save(dialog, "export-progress");
+        if (!comesTrueSoon([&] { return button("folderButton")->isVisible(); }))
+            return false;
+        save(dialog, "export-result");
+        dialog->close();
         return true;
+    }
+
+    void devicePulled(MainWindow *window, LibraryPage *page, const QString &root) const
+    {
+        QDir().rename(root, root + QStringLiteral(".away"));
+        Q_EMIT page->readsFailing();
+        auto *const bar = window->findChild<NoticeBar *>();
+        comesTrueSoon([bar] { return bar->isVisible(); });
+        save(window, "notice");
+        QDir().rename(root + QStringLiteral(".away"), root);
     }
 
     const QString folder;
@@ -139,7 +210,7 @@ int main(int argc, char **argv)
         std::fputs("usage: make_browser_pictures FOLDER [--dark]\n", stderr);
         return 2;
     }
-    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    QApplication::setStyle(new RoomyStyle(QStringLiteral("Fusion")));
     if (arguments.contains(QStringLiteral("--dark")))
         QApplication::setPalette(darkPalette());
     const bool done = Photographer(arguments[1]).run();

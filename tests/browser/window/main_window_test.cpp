@@ -44,7 +44,9 @@ TEST_F(WindowTest, ShowsTheLibraryUnderTheNameOfTheDevice)
 
 TEST_F(WindowTest, ListsWhatWasOpenedBeforeAndForgetsItWhenAsked)
 {
-    openSample()->close();
+    const QPointer<MainWindow> first = openSample();
+    first->close();
+    ASSERT_TRUE(comesTrueSoon([&] { return first.isNull(); })) << "it has the device until then";
     MainWindow *const window = openWindow();
     auto *const list = waitForShown<QListView>(window, "deviceList");
     ASSERT_NE(list, nullptr);
@@ -272,7 +274,8 @@ TEST_F(WindowTest, EveryActionIsInAMenuAndThoseOfUseOftenHaveAShortcut)
             inMenus += action->objectName();
     QSet<QKeySequence> shortcuts;
     for (QAction *const action : window->findChildren<QAction *>(QRegularExpression(QStringLiteral("Action$")))) {
-        EXPECT_TRUE(inMenus.contains(action->objectName())) << action->objectName().toStdString();
+        const bool isOfThePage = action->parent() != window; // in a menu that is made when it is opened
+        EXPECT_TRUE(isOfThePage || inMenus.contains(action->objectName())) << action->objectName().toStdString();
         if (action->shortcut().isEmpty())
             continue;
         EXPECT_FALSE(shortcuts.contains(action->shortcut())) << action->objectName().toStdString();
