@@ -9,6 +9,33 @@
 
 #include <gmock/gmock.h>
 
+#include <memory>
+
+#ifdef __SANITIZE_ADDRESS__
+#include <sanitizer/lsan_interface.h>
+#endif
+
+namespace
+{
+
+// Qt's platform without a screen never frees the screen that it makes up.
+class ApplicationsOwnMemory
+{
+public:
+#ifdef __SANITIZE_ADDRESS__
+    ApplicationsOwnMemory()
+    {
+        __lsan_disable();
+    }
+    ~ApplicationsOwnMemory()
+    {
+        __lsan_enable();
+    }
+#endif
+};
+
+} // namespace
+
 int main(int argc, char **argv)
 {
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
@@ -18,7 +45,10 @@ int main(int argc, char **argv)
         qputenv(variable, QFile::encodeName(home.path()));
     devicehost::watchDatabaseErrors();
     testing::InitGoogleMock(&argc, argv);
-    const QApplication application(argc, argv);
+    const auto application = [&] {
+        [[maybe_unused]] const ApplicationsOwnMemory unchecked;
+        return std::make_unique<QApplication>(argc, argv);
+    }();
     QApplication::setApplicationName(QStringLiteral("photolib-browser-test"));
     return RUN_ALL_TESTS();
 }
