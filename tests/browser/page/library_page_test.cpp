@@ -50,6 +50,7 @@ protected:
         page = std::make_unique<LibraryPage>(library, source);
         page->resize(1100, 800);
         page->show();
+        page->activateWindow();                                         // by itself where there is no window manager
         ASSERT_TRUE(QTest::qWaitForWindowActive(page.get(), patience)); // shortcuts want it
         grid = page->findChild<PhotoGrid *>(QStringLiteral("photoGrid"));
         sideBar = page->findChild<SideBar *>(QStringLiteral("sideBar"));
