@@ -185,10 +185,11 @@ void LibraryRoom::endViewing(qint64 id)
     Q_EMIT viewingChanged(false);
 }
 
-// A photo that cannot be read may be just that; the device says whether it is there.
+// A photo that cannot be read may be just that; the device says whether it is there. While it is being opened again,
+// the opening tells.
 void LibraryRoom::checkDevice()
 {
-    if (checking || gone)
+    if (checking || gone || reopener)
         return;
     checking = true;
     const std::shared_ptr<OpenedLibrary> asked = library;
@@ -196,7 +197,7 @@ void LibraryRoom::checkDevice()
         this, [asked] { return !asked->isAvailable(); },
         [this, watched = std::weak_ptr<OpenedLibrary>(library)](bool isGone) {
             checking = false;
-            if (isGone && watched.lock() == library)
+            if (isGone && !reopener && watched.lock() == library)
                 tellDeviceGone();
         });
 }
