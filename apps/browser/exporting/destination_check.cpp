@@ -1,11 +1,11 @@
 #include "apps/browser/exporting/destination_check.h"
 
+#include "apps/browser/media/free_space.h"
 #include "devicehost/device_place.h"
 
 #include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
-#include <QStorageInfo>
 
 #include <new>
 
@@ -60,7 +60,7 @@ DestinationState checkDestination(const QString &path, const QString &deviceName
     const QFileInfo existing = existingPartOf(cleaned);
     DestinationState state{path, DestinationTexts::problemOf(cleaned, existing, deviceName), -1};
     if (state.problem.isEmpty())
-        state.freeBytes = QStorageInfo(existing.filePath()).bytesAvailable();
+        state.freeBytes = freeSpace(existing.filePath());
     return state;
 }
 

@@ -1,10 +1,10 @@
 #include "apps/browser/media/device_copy.h"
 
 #include "apps/browser/media/device_read.h"
+#include "apps/browser/media/free_space.h"
 
 #include <QFile>
 #include <QFileInfo>
-#include <QStorageInfo>
 
 namespace browser
 {
@@ -39,8 +39,11 @@ public:
 
     bool take(const char *block, int size, qint64 total)
     {
-        if (size == 0 && QStorageInfo(QFileInfo(file).path()).bytesAvailable() < total + roomLeftFree)
-            return refuse(CopyEnd::NoRoom);
+        if (size == 0) {
+            const qint64 available = freeSpace(QFileInfo(file).path());
+            if (available >= 0 && available < total + roomLeftFree)
+                return refuse(CopyEnd::NoRoom);
+        }
         if (size != 0 && file.write(block, size) != size)
             return refuse(CopyEnd::CannotWrite);
         done += size;

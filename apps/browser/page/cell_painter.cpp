@@ -36,7 +36,7 @@ QVector<Glyph> marksOf(const Photo &photo, bool isOnlyInCloud)
 
 CellPainter::CellPainter(const QPalette &palette, const QFont &font) : colors(palette), small(font)
 {
-    const QColor base = palette.color(QPalette::Base), text = palette.color(QPalette::Text);
+    const QColor &base = palette.color(QPalette::Base), &text = palette.color(QPalette::Text);
     const bool isLight = base.lightness() > text.lightness();
     bright = isLight ? base : text;
     dark = isLight ? text : base;
