@@ -7,6 +7,7 @@
 #include "apps/browser/window/roomy_style.h"
 #include "apps/browser/window/translations.h"
 #include "apps/browser/window/window_keeper.h"
+#include "devicehost/usb_devices.h"
 
 #include <QApplication>
 #include <QIcon>
@@ -51,13 +52,15 @@ int failUsage(const QString &message)
     return ExitUsage;
 }
 
-// What still runs hangs on a device, and the local copies that it leaves are removed by the next program that makes
-// one.
+// What still runs hangs on a device: the end of the program would take libraries down under it. The local copies that
+// it leaves are removed by the next program that makes one.
 int finish(int status)
 {
-    if (!waitForBackground(patience))
+    const bool isDone = waitForBackground(patience);
+    if (isDone)
+        waitForRetired();
+    if (!isDone || devicehost::usbCallWasLeftBehind())
         std::_Exit(status);
-    waitForRetired();
     return status;
 }
 
