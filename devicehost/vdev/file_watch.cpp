@@ -78,9 +78,9 @@ void FileWatch::fail(const QString &what, const VError &error)
 
 void FileWatch::advanced(qint64 count, qint64 totalBytes, bool atEnd)
 {
+    bytesRead += count; // also beyond the announced end, which binds no device
     if (host == nullptr || !device || endReported)
         return;
-    bytesRead += count;
     endReported = atEnd || bytesRead == totalBytes;
     host->reportProgress({path, bytesRead, totalBytes}, endReported);
 }

@@ -293,6 +293,38 @@ TEST_F(BrokenFile, ASlowReadEndsWithThePieceInWhichStopIsAskedFor)
     EXPECT_TRUE(state->failure().isEmpty());
 }
 
+/// Announces some bytes, gives them, and never ends.
+struct EndlessFile final : VFile {
+    explicit EndlessFile(qint64 bytes) : announced(bytes) {}
+
+    qint64 read(char *, qint64 size, Error *) override { return std::min(size, announced); }
+    qint64 seek(qint64, int) override { return -1; }
+    qint64 tell() override { return -1; }
+    qint64 size() const override { return announced; }
+
+    qint64 announced;
+};
+
+TEST_F(BrokenFile, ADatabaseFileThatGoesOnAfterItsAnnouncedEndIsRefusedAtTheLimit)
+{
+    for (const char *name : {database, writeAheadLog}) {
+        state = std::make_shared<devicehost::HostState>(QStringLiteral("x:"));
+        const File file(new EndlessFile(131072));
+        file->watch = devicehost::FileWatch::onDevice(state, name);
+        QByteArray buffer(4194304, '\0');
+        qint64 taken = 0;
+        int count = 0;
+        while ((count = vFileRead(file.get(), buffer.data(), buffer.size())) > 0 &&
+               taken <= 2 * devicehost::largestDatabaseFile)
+            taken += count;
+        EXPECT_LT(count, 0);
+        EXPECT_LE(taken, devicehost::largestDatabaseFile);
+        EXPECT_EQ(state->failure().toStdString(),
+                  std::string(name) + " on the device cannot be read to its end: it is larger than any photo library; "
+                                      "unlock the device, connect it again, and mount or copy it again");
+    }
+}
+
 TEST_F(BrokenFile, PartialWritesAreContinued)
 {
     const File file = failingFile("/a", 0);
