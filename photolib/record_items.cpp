@@ -51,8 +51,9 @@ qint32 wholeSeconds(double seconds)
 // right.
 QDateTime dateOf(qint64 seconds, const QDateTime &referenceDate)
 {
-    constexpr qint64 limit = std::numeric_limits<qint64>::max() / 1000;
-    return seconds < -limit || seconds > limit ? QDateTime() : referenceDate.addSecs(seconds);
+    constexpr qint64 limit = std::numeric_limits<qint64>::max() / 1000; // from 1970, before the reference date
+    const bool isBeyond = seconds < -limit || seconds > limit - referenceDate.toSecsSinceEpoch();
+    return isBeyond ? QDateTime() : referenceDate.addSecs(seconds);
 }
 
 // The folder only, without the file's name.

@@ -193,8 +193,12 @@ TEST(FillPhotoItem, DatesThatMillisecondsCannotCountToAreNull)
     EXPECT_TRUE(photo.trashedDate.isNull());
 
     asset.dateCreated = last - reference.toSecsSinceEpoch();
+    asset.modificationDate = last - reference.toSecsSinceEpoch() + 1;
+    asset.trashedDate = last;
     photo = filledFrom(asset);
     EXPECT_EQ(photo.dateCreated.toSecsSinceEpoch(), last);
+    EXPECT_TRUE(photo.modificationDate.isNull());
+    EXPECT_TRUE(photo.trashedDate.isNull());
 }
 
 TEST(FillPhotoItem, OverwritesWhatTheItemHeld)
