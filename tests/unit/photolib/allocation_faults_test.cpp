@@ -6,6 +6,7 @@
 #include "photolib/photolib.h"
 #include "testing/library_builder.h"
 #include "tests/unit/photolib/allocation_faults.h"
+#include "tests/unit/photolib/media/containers.h"
 
 #include <gtest/gtest.h>
 
@@ -72,7 +73,7 @@ public:
               "<string>" +
                   QByteArray(currentUuid) + "</string></dict></plist>\n");
         write(QStringLiteral("DCIM/100APPLE/IMG_0001.JPG"), QByteArray(200000, 'p'));
-        write(QStringLiteral("PhotoData/Thumbnails/3303.ithmb"), QByteArray(500000, '\x55'));
+        write(QStringLiteral("PhotoData/Thumbnails/3309.ithmb"), QByteArray(8192, '\x55') + trailerOf(64, 64));
     }
 
     QString name() const { return QStringLiteral("folder:") + folder.path(); }
@@ -252,6 +253,9 @@ TEST_P(AllocationFaults, OfEverySlotAfterIt)
     QByteArray content;
     EXPECT_EQ(manager->readPhotoFile(&id, &content), 1);
     EXPECT_EQ(content.size(), 200000);
+    content.clear();
+    EXPECT_EQ(manager->getThumbnail(&id, &content), 0); // what its step read
+    EXPECT_EQ(content.left(2), "BM");
     releasePhotolib(&manager);
 }
 
