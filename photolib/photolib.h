@@ -88,13 +88,13 @@ public:
     ///
     /// 0 when `*out` has the picture; also 0, with `*out` untouched, when cancelled before, no library is open or the
     /// id is unknown. -1 on failure or when cancelled meanwhile: `*out` is untouched, but for the BMP's first 54 bytes
-    /// when the request came late or memory ran short. Logged at level 2: "Can not vDevOpen m_pDev , disconnected ? %s"
-    /// with the device's name, "Can not decide teh iThmb file", "Can seek to offset %lld while getting ithmb" with the
-    /// offset in bytes, "Can not read ithmb data", "Can not read ithmb info"; at level 1 "This is a newly added photo?"
-    /// when there is neither a file nor a frame.
+    /// when the request came late or memory ran short. Logged at level 2:
+    /// "Can not vDevOpen m_pDev , disconnected ?  %s" with the device's name, "Can not decide teh iThmb file",
+    /// "Can seek to offset %lld while getting ithmb" with the offset in bytes, "Can not read ithmb data", "Can not read
+    /// ithmb info"; at level 1 "This is a newly added photo?" when there is neither a file nor a frame.
     virtual int getThumbnail(const qint64 *photoId, QByteArray *out) = 0;
 
-    /// Slot 9. The whole stored file of a photo or video, at most 2,147,483,647 bytes, read from the device now in one
+    /// Slot 9. The whole stored file of a photo or video, at most 2,147,483,622 bytes, read from the device now in one
     /// piece. 1 when the file's bytes replaced `*out`. Else `*out` is untouched: 0 when cancelled before or after the
     /// file was opened, no library is open, the id is unknown, the file cannot be opened, is too large or comes short,
     /// or memory is short; -1 when cancelled in between, or when the device cannot be opened, with "Can not vDevOpen
