@@ -8,7 +8,6 @@
 #include <QRegularExpression>
 #include <QTemporaryDir>
 
-#include <csignal>
 #include <sys/stat.h>
 
 namespace clitest
@@ -178,25 +177,6 @@ TEST_F(ContactSheetCommand, FullDiskAndDeviceAreRefused)
     EXPECT_EQ(run({"contact-sheet", device.path(), "-o", "/dev/full"}).code, 5);
     EXPECT_EQ(run({"contact-sheet", device.path(), "-o", device.path("x.html")}).code, 2);
     EXPECT_FALSE(QFile::exists(device.path("x.html")));
-}
-
-TEST_F(ContactSheetCommand, InterruptRemovesThePartialPage)
-{
-    for (int n = 1; n <= 3000; ++n)
-        addPhoto(QStringLiteral("IMG_%1.JPG").arg(n), n % 50 == 0);
-    device.write();
-    ::signal(SIGINT, SIG_DFL);
-    CommandProcess process;
-    process.startCommand({"contact-sheet", device.path(), "-o", page()});
-    while (namesIn(folder.path()).isEmpty() && process.state() == QProcess::Running)
-        process.waitForFinished(1);
-    EXPECT_NE(namesIn(folder.path()), QStringList{"page.html"});
-    if (process.state() == QProcess::Running)
-        ::kill(static_cast<pid_t>(process.processId()), SIGINT);
-    const RunResult result = process.wait();
-    EXPECT_EQ(result.code, 130);
-    EXPECT_EQ(result.err, QByteArray("photolib: interrupted\n"));
-    EXPECT_TRUE(namesIn(folder.path()).isEmpty()) << namesIn(folder.path()).join(' ').toStdString();
 }
 
 } // namespace clitest

@@ -6,6 +6,7 @@
 #include "tests/cli/command_run.h"
 #include "tests/cli/media_device.h"
 
+#include <QDir>
 #include <QJsonArray>
 #include <QJsonObject>
 #include <QTemporaryDir>
@@ -179,7 +180,7 @@ TEST_F(UsbDeviceCommands, TellAPhoneThatLeavesFromALibraryThatCannotBeRead)
         phone->command("attach");
     }
     phone->command("fault stall times=always operation=FileRefRead");
-    expectUnreachable(run({"--timeout", "0.3", "info", "usb"}), "the device does not answer");
+    expectUnreachable(run({"--timeout", "1", "info", "usb"}), "the device does not answer");
 }
 
 // What agreeing upon encryption leaves behind must not be taken down under it; when it is, that ends in a signal now
@@ -190,7 +191,7 @@ TEST_F(UsbDeviceCommands, EndInOrderWhenEncryptionIsNotAgreedUponInTime)
     for (int number = 1; number <= 2; ++number) { // of the session, and of the file service
         phone->command("fault stall service=tls times=always at=" + QByteArray::number(number));
         for (int round = 0; round < 5; ++round)
-            expectUnreachable(run({"--timeout", "0.3", "info", "usb"}), "the device does not answer");
+            expectUnreachable(run({"--timeout", "1", "info", "usb"}), "the device does not answer");
         phone->clear();
     }
 }
@@ -199,7 +200,7 @@ TEST_F(UsbDeviceCommands, GiveASilentPhoneUp)
 {
     start(1);
     phone->command("fault stall service=lockdown times=always");
-    expectUnreachable(run({"info", "usb", "--timeout", "0.1"}), "the device does not answer");
+    expectUnreachable(run({"info", "usb", "--timeout", "1"}), "the device does not answer");
     for (const char *wrong : {"0", "-1", "3601", "soon", "nan", ""})
         EXPECT_EQ(run({"info", "usb", "--timeout", wrong}).code, 2) << wrong;
 }
@@ -221,6 +222,24 @@ TEST_F(UsbDeviceCommands, EndAtOnceWhenTheUserInterrupts)
         phone->clear();
         phone->waitFor("connections", 0);
     }
+}
+
+TEST_F(UsbDeviceCommands, RemoveAPartialPageWhenTheUserInterrupts)
+{
+    start(5);
+    phone->command("fault stall path=/PhotoData/Thumbnails/V2/DCIM/100APPLE/IMG_0003.JPG/5005.JPG");
+    const QTemporaryDir folder;
+    CommandProcess process;
+    process.startCommand({"--timeout", "3600", "contact-sheet", "usb", "-o", folder.filePath("page.html")});
+    phone->waitFor("stalled", 1);
+    const QStringList partial = QDir(folder.path()).entryList(QDir::Files | QDir::Hidden);
+    EXPECT_EQ(partial.size(), 1);
+    EXPECT_FALSE(partial.contains("page.html"));
+    ::kill(static_cast<pid_t>(process.processId()), SIGINT);
+    const RunResult result = process.wait();
+    EXPECT_EQ(result.code, 130);
+    EXPECT_EQ(result.err, QByteArray("photolib: interrupted\n"));
+    EXPECT_TRUE(QDir(folder.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot).isEmpty());
 }
 
 TEST_F(UsbDeviceCommands, ListThePhones)

@@ -39,10 +39,12 @@ QString titleFor(const ContactSheetOptions &options, const QString &device)
 
 void endIfDeviceIsGone(LibrarySession &session)
 {
-    if (!session.device().isAvailable())
-        throw Failure{ExitDeviceUnreachable, QStringLiteral("%1: the device cannot be reached any more, so no page is "
-                                                            "written; connect it again and try again")
-                                                 .arg(session.deviceName())};
+    if (session.device().isAvailable())
+        return;
+    endIfInterrupted(); // which ends what is asked of the device, too
+    throw Failure{ExitDeviceUnreachable, QStringLiteral("%1: the device cannot be reached any more, so no page is "
+                                                        "written; connect it again and try again")
+                                             .arg(session.deviceName())};
 }
 
 void tell(const QString &file, bool onStandardError, const SheetPlan &plan, int missing)

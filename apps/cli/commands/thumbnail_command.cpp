@@ -45,10 +45,12 @@ QByteArray thumbnailOf(LibrarySession &session, qint64 id)
     endIfInterrupted();
     if (result == 0 && !picture.isEmpty())
         return picture;
-    if (!session.device().isAvailable())
+    if (!session.device().isAvailable()) {
+        endIfInterrupted(); // which ends what is asked of the device, too
         throw Failure{ExitDeviceUnreachable, QStringLiteral("%1: the device cannot be reached any more; connect it "
                                                             "again and try again")
                                                  .arg(session.deviceName())};
+    }
     session.noteOnMissingFiles();
     photoItem photo;
     session.library().getPhotoItem(&id, &photo);
