@@ -87,6 +87,8 @@ TEST_F(OpenerTest, OpensAFolderAndTellsHowFarItIs)
         for (const Stage stage : {Stage::Finding, Stage::Connecting, Stage::Sorting, Stage::Preparing})
             EXPECT_TRUE(opening.hasReached(stage)) << static_cast<int>(stage);
     }
+    EXPECT_TRUE(browser::waitForBackground(std::chrono::minutes(1))); // the opening's thread has the library, too
+    browser::waitForRetired();
     EXPECT_EQ(leftovers(), QStringList());
 }
 

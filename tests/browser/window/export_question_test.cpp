@@ -2,6 +2,7 @@
 
 #include "tests/browser/window/window_fixture.h"
 
+#include "apps/browser/exporting/export_job.h"
 #include "apps/browser/exporting/export_window.h"
 #include "tests/cli/sample/sample_folder.h"
 
@@ -42,8 +43,8 @@ protected:
         EXPECT_TRUE(comesTrueSoon([next] { return next->isEnabled(); }));
         next->click();
         EXPECT_NE(waitForShown<QPushButton>(exporting, "backButton"), nullptr);
+        exporting->findChild<browser::ExportJob *>()->pause(); // before it begins, so that it copies nothing
         next->click();
-        exporting->findChild<QPushButton *>(QStringLiteral("pauseButton"))->click();
         EXPECT_TRUE(exporting->isRunning());
         return window;
     }
@@ -105,7 +106,7 @@ TEST_F(ExportQuestion, EndsTheExportAndClosesWhenAskedTo)
     stopButton(window)->click();
     EXPECT_TRUE(comesTrueSoon([&] { return window.isNull(); }));
     EXPECT_TRUE(exporting.isNull());
-    EXPECT_LT(exportedFiles(), 100) << "it went on after it was ended";
+    EXPECT_EQ(exportedFiles(), 0) << "it went on after it was ended";
 }
 
 TEST_F(ExportQuestion, AsksBeforeAnotherPhoneIsChosen)

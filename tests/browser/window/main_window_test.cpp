@@ -229,7 +229,7 @@ TEST_F(WindowTest, RemembersItsSize)
 
 TEST_F(WindowTest, ComesToTheFrontInsteadOfOpeningADeviceTwice)
 {
-    MainWindow *const first = openSample();
+    const QPointer<MainWindow> first = openSample();
     first->showMinimized();
     MainWindow *const second = openWindow();
     second->openDevice(sample->root() + QStringLiteral("/."));
@@ -239,6 +239,7 @@ TEST_F(WindowTest, ComesToTheFrontInsteadOfOpeningADeviceTwice)
     EXPECT_FALSE(textOf(second, "statusText").isEmpty());
 
     first->close();
+    ASSERT_TRUE(comesTrueSoon([&] { return first.isNull(); })) << "it has the device until then";
     second->openDevice(sample->root());
     EXPECT_NE(waitForShown<QWidget>(second, "libraryRoom"), nullptr);
 }

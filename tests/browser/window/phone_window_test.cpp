@@ -3,6 +3,7 @@
 #include "tests/browser/window/window_fixture.h"
 
 #include "apps/browser/device/device_list_model.h"
+#include "apps/browser/library/background.h"
 #include "apps/browser/library/opening_failure.h"
 #include "testing/simulated_phone.h"
 #include "tests/cli/sample/sample_folder.h"
@@ -22,6 +23,12 @@ class PhoneWindow : public WindowTest
 {
 protected:
     PhoneWindow() { phone.useHere(); }
+    ~PhoneWindow() override
+    {
+        // The threads that look for phones read the environment, which the phone changes when it ends.
+        keeper.reset();
+        EXPECT_TRUE(browser::waitForBackground(std::chrono::minutes(1)));
+    }
 
     // Opens the phone in the list as people do.
     MainWindow *openPhone()

@@ -272,7 +272,7 @@ TEST_F(UsbOpening, ASilentPhoneIsListedAllTheSame)
 {
     startPhone();
     phone->command("fault stall service=lockdown times=always");
-    devicehost::setUsbTimeout(std::chrono::milliseconds(50));
+    devicehost::setUsbTimeout(std::chrono::seconds(1)); // which bounds the list of usbmuxd, too
     const UsbDevice device = listed();
     EXPECT_EQ(device.udid.toUtf8(), udid());
     EXPECT_EQ(device.trust, UsbDevice::Trust::Unknown);
