@@ -1,6 +1,7 @@
 #include "exporter/asset_files.h"
 
 #include "exporter/errors.h"
+#include "exporter/media_type.h"
 #include "exporter/safe_name.h"
 #include "photolib/photo_item.h"
 
@@ -13,8 +14,6 @@ namespace
 {
 
 using Presence = AssetFile::Presence;
-
-constexpr qint32 video = 1;
 
 class Finder
 {
@@ -78,7 +77,7 @@ void Finder::addEdited(const QString &stem)
     static const QStringList pictures{QStringLiteral("jpg"),  QStringLiteral("heic"), QStringLiteral("JPG"),
                                       QStringLiteral("HEIC"), QStringLiteral("png"),  QStringLiteral("PNG"),
                                       QStringLiteral("jpeg"), QStringLiteral("gif"),  QStringLiteral("GIF")};
-    if (photo.mediaType == video) {
+    if (photo.mediaType == videoMedia) {
         addFirst(Role::Edited, base, films);
     } else {
         addFirst(Role::Edited, base, pictures);
@@ -94,7 +93,7 @@ std::vector<AssetFile> Finder::find(bool edited, const std::set<QString> &videos
         throw DeviceProblem(QStringLiteral("the device does not answer any more"));
     const int nameStart = original.lastIndexOf(QLatin1Char('/')) + 1;
     const QString stem = original.left(nameStart) + stemOf(original.mid(nameStart));
-    if (photo.mediaType != video)
+    if (photo.mediaType != videoMedia)
         addFirst(Role::Film, stem, {QStringLiteral("MOV"), QStringLiteral("mov")}, videos);
     const bool hasNotes = addFirst(Role::EditNotes, stem, {QStringLiteral("AAE")});
     if (edited && (photo.hasAdjustments != 0 || hasNotes))

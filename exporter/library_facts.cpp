@@ -2,6 +2,7 @@
 
 #include "exporter/asset_files.h"
 #include "exporter/library_access.h"
+#include "exporter/media_type.h"
 #include "photolib/photolib.h"
 
 #include <algorithm>
@@ -11,8 +12,6 @@ namespace exporter
 
 namespace
 {
-
-constexpr qint32 video = 1;
 
 QString numberKey(const QString &library, const QByteArray &uuid, qint64 id)
 {
@@ -42,7 +41,7 @@ LibraryFacts::LibraryFacts(photo_manager_int &manager) : library(manager.getLibr
         if (seen.count(photo.uuid) != 0)
             repeatedUuids.insert(photo.uuid);
         seen.insert(photo.uuid);
-        if (photo.mediaType == video)
+        if (photo.mediaType == videoMedia)
             videos.insert(originalPath(photo));
     }
 }

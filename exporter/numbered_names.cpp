@@ -9,7 +9,7 @@ namespace
 {
 
 // Some tens of megabytes at most.
-constexpr std::size_t namesLimit = 50'000;
+constexpr std::size_t rememberedNamesLimit = 50'000;
 
 } // namespace
 
@@ -20,7 +20,7 @@ QString NumberedNames::numbered(const QString &name, int number)
 
 NumberedNames::Numbers &NumberedNames::of(const QString &name)
 {
-    if (all.size() >= namesLimit)
+    if (all.size() >= rememberedNamesLimit)
         all.clear();
     return all[foldedName(name)];
 }

@@ -24,7 +24,7 @@ StoredEntry entryOf(const Statement &row)
     return entry;
 }
 
-std::vector<StoredEntry> allOf(Statement &statement)
+std::vector<StoredEntry> entriesOf(Statement &statement)
 {
     std::vector<StoredEntry> entries;
     while (statement.step())
@@ -79,13 +79,13 @@ void Record::removeAlbum(qint64 album)
 std::vector<StoredEntry> Record::entries(qint64 album)
 {
     Statement find(*sql, "SELECT " ENTRY_COLUMNS " FROM entry WHERE album = ? ORDER BY id");
-    return allOf(find.bind(album));
+    return entriesOf(find.bind(album));
 }
 
 std::vector<StoredEntry> Record::entriesAfter(qint64 lastId, int limit)
 {
     Statement find(*sql, "SELECT " ENTRY_COLUMNS " FROM entry WHERE id > ? AND state = 'done' ORDER BY id LIMIT ?");
-    return allOf(find.bind(lastId).bind(static_cast<qint64>(limit)));
+    return entriesOf(find.bind(lastId).bind(static_cast<qint64>(limit)));
 }
 
 qint64 Record::addEntry(const StoredEntry &entry)

@@ -28,7 +28,7 @@ StoredFile fileOf(const Statement &row)
     return file;
 }
 
-std::vector<StoredFile> allOf(Statement &statement)
+std::vector<StoredFile> filesOf(Statement &statement)
 {
     std::vector<StoredFile> files;
     while (statement.step())
@@ -49,7 +49,7 @@ std::optional<StoredSet> Record::latestSet(const QString &photoKey)
         set.stemPath = find->text(1);
     }
     const Use files(statements->setFiles);
-    set.files = allOf(files->bind(set.id));
+    set.files = filesOf(files->bind(set.id));
     return set;
 }
 
@@ -125,13 +125,13 @@ void Record::removeSet(qint64 set)
 std::vector<StoredFile> Record::intents()
 {
     Statement find(*sql, "SELECT " FILE_COLUMNS " FROM file WHERE state = 'intent' ORDER BY id");
-    return allOf(find);
+    return filesOf(find);
 }
 
 std::vector<StoredFile> Record::filesAfter(qint64 lastId, int limit)
 {
     Statement find(*sql, "SELECT " FILE_COLUMNS " FROM file WHERE id > ? AND state = 'done' ORDER BY id LIMIT ?");
-    return allOf(find.bind(lastId).bind(static_cast<qint64>(limit)));
+    return filesOf(find.bind(lastId).bind(static_cast<qint64>(limit)));
 }
 
 std::optional<StoredFile> Record::file(qint64 id)

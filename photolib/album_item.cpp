@@ -1,10 +1,12 @@
 #include "photolib/album_item.h"
 
+#include "photolib/item_values.h"
+
+using namespace photolib;
+
 namespace
 {
 constexpr qint32 defaultAlbumEntity = 19;
-constexpr qint32 userAlbumKind = 1550;
-constexpr qint32 userAlbumType = 2;
 } // namespace
 
 // trashedState stays unset: hosts that create albums set it themselves, and rely on being asked to.

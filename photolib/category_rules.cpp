@@ -1,6 +1,7 @@
 #include "photolib/category_rules.h"
 
 #include "photolib/db/records.h"
+#include "photolib/item_values.h"
 
 #include <algorithm>
 #include <cmath>
@@ -11,8 +12,6 @@ namespace photolib
 
 namespace
 {
-
-constexpr double noCoordinate = -180.0;
 
 struct Subtype {
     int kindSubtype;

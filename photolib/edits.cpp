@@ -4,6 +4,7 @@
 #include "photolib/category_rules.h"
 #include "photolib/db/photos_db.h"
 #include "photolib/host/log.h"
+#include "photolib/item_values.h"
 #include "photolib/logging.h"
 #include "photolib/record_items.h"
 
@@ -16,10 +17,6 @@ namespace
 
 constexpr int done = 0;
 constexpr int failed = -1;
-
-// What a host's own albums are on the device.
-constexpr qint32 userAlbumKind = 1550;
-constexpr qint32 userAlbumType = 2;
 
 } // namespace
 

@@ -1,10 +1,13 @@
 #include "photolib/photo_item.h"
 
+#include "photolib/item_values.h"
+
+using namespace photolib;
+
 namespace
 {
 constexpr qint32 defaultAssetEntity = 27;
 constexpr qint32 stillPhoto = 3;
-constexpr double noCoordinate = -180.0;
 constexpr qint32 noThumbnailSlot = -1;
 constexpr qint64 resourcesAreLocal = 32;
 } // namespace

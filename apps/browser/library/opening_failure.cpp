@@ -38,7 +38,7 @@ constexpr Sign signs[] = {
     {ErrorSource::Client, devicehost::afc::Disconnected, FailureKind::Disconnected},
 };
 
-class Words
+class FailureWords
 {
     Q_DECLARE_TR_FUNCTIONS(OpeningFailure)
 
@@ -49,7 +49,7 @@ private:
     static FailureText ofPhone(FailureKind kind);
 };
 
-FailureText Words::ofPhone(FailureKind kind)
+FailureText FailureWords::ofPhone(FailureKind kind)
 {
     switch (kind) {
     case FailureKind::Locked:
@@ -76,7 +76,7 @@ FailureText Words::ofPhone(FailureKind kind)
     }
 }
 
-FailureText Words::of(FailureKind kind)
+FailureText FailureWords::of(FailureKind kind)
 {
     switch (kind) {
     case FailureKind::NotFound:
@@ -109,7 +109,7 @@ FailureText Words::of(FailureKind kind)
 
 FailureText failureText(FailureKind kind)
 {
-    return Words::of(kind);
+    return FailureWords::of(kind);
 }
 
 FailureKind kindOfHostFailure(const QString &sentence)

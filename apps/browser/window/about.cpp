@@ -10,7 +10,7 @@ namespace browser
 namespace
 {
 
-class Words
+class AboutWords
 {
     Q_DECLARE_TR_FUNCTIONS(About)
 
@@ -28,10 +28,11 @@ public:
 
 void showAbout(QWidget *parent)
 {
-    auto *const box = new QMessageBox(QMessageBox::NoIcon, Words::title(), Words::name(), QMessageBox::Close, parent);
+    auto *const box =
+        new QMessageBox(QMessageBox::NoIcon, AboutWords::title(), AboutWords::name(), QMessageBox::Close, parent);
     box->setObjectName(QStringLiteral("aboutBox"));
     box->setAttribute(Qt::WA_DeleteOnClose);
-    box->setInformativeText(Words::text());
+    box->setInformativeText(AboutWords::text());
     box->setIconPixmap(QApplication::windowIcon().pixmap(parent->windowHandle(), QSize(64, 64)));
     box->open();
 }

@@ -14,7 +14,7 @@ namespace
 
 constexpr qint64 longestPassword = 4096; ///< bytes
 
-class Words
+class CommandLineWords
 {
     Q_DECLARE_TR_FUNCTIONS(CommandLine)
 
@@ -49,19 +49,19 @@ public:
 
 CommandLine parseCommandLine(const QStringList &arguments)
 {
-    const QCommandLineOption help({QStringLiteral("h"), QStringLiteral("help")}, Words::help());
-    const QCommandLineOption version(QStringLiteral("version"), Words::version());
-    const QCommandLineOption passwordFile(QStringLiteral("password-file"), Words::passwordFile(),
+    const QCommandLineOption help({QStringLiteral("h"), QStringLiteral("help")}, CommandLineWords::help());
+    const QCommandLineOption version(QStringLiteral("version"), CommandLineWords::version());
+    const QCommandLineOption passwordFile(QStringLiteral("password-file"), CommandLineWords::passwordFile(),
                                           QStringLiteral("FILE"));
     QCommandLineParser parser;
-    parser.setApplicationDescription(Words::description());
+    parser.setApplicationDescription(CommandLineWords::description());
     parser.addOptions({help, version, passwordFile});
-    parser.addPositionalArgument(QStringLiteral("DEVICE"), Words::device(), QStringLiteral("[DEVICE]"));
+    parser.addPositionalArgument(QStringLiteral("DEVICE"), CommandLineWords::device(), QStringLiteral("[DEVICE]"));
     CommandLine result;
     const bool understood = parser.parse(arguments);
     if (!understood || parser.positionalArguments().size() > 1) {
         result.wish = CommandLine::Wish::Wrong;
-        result.message = understood ? Words::tooMany() : parser.errorText();
+        result.message = understood ? CommandLineWords::tooMany() : parser.errorText();
         return result;
     }
     if (parser.isSet(help))
@@ -79,7 +79,7 @@ bool readPasswordFile(const QString &path, QByteArray *password, QString *error)
     QFile file(path);
     const bool isInput = path == QLatin1String("-");
     if (!(isInput ? file.open(stdin, QIODevice::ReadOnly) : file.open(QIODevice::ReadOnly))) {
-        *error = Words::unreadable(path, file.errorString());
+        *error = CommandLineWords::unreadable(path, file.errorString());
         return false;
     }
     QByteArray line = file.readLine(longestPassword);
@@ -87,7 +87,7 @@ bool readPasswordFile(const QString &path, QByteArray *password, QString *error)
         line.chop(1);
     *password = line;
     if (line.isEmpty())
-        *error = Words::empty(path);
+        *error = CommandLineWords::empty(path);
     return !line.isEmpty();
 }
 

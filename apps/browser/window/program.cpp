@@ -32,7 +32,7 @@ namespace
 
 enum ExitCode { ExitOk = 0, ExitUsage = 2 };
 
-constexpr std::chrono::seconds patience{3}; ///< at the end, with calls that hang on a device
+constexpr std::chrono::seconds patienceAtTheEnd{3}; ///< at the end, with calls that hang on a device
 
 void setNames()
 {
@@ -56,7 +56,7 @@ int failUsage(const QString &message)
 // it leaves are removed by the next program that makes one.
 int finish(int status)
 {
-    const bool isDone = waitForBackground(patience);
+    const bool isDone = waitForBackground(patienceAtTheEnd);
     if (isDone)
         waitForRetired();
     if (!isDone || devicehost::usbCallWasLeftBehind())

@@ -128,7 +128,7 @@ ExitCode concludeRun(const RunOutcome &outcome, bool dryRun)
     throw Failure{ExitSomeFailed, outcome.message};
 }
 
-void summarize(Output &out, const QString &destination, const RunOutcome &outcome, bool dryRun)
+void printSummary(Output &out, const QString &destination, const RunOutcome &outcome, bool dryRun)
 {
     out.write(harmless(QStringLiteral("%1: %2").arg(destination, summaryLine(outcome, dryRun))) + QChar('\n'));
     if (dryRun)
@@ -171,7 +171,7 @@ ExitCode work(const ExportCommandOptions &options, LibrarySession &session, cons
     const RunOutcome outcome = exporter::run(session.library(), session.device(), ids, exportOptions(options), view);
     view.finishRun();
     if (didSomething(outcome))
-        summarize(out, destination, outcome, options.dryRun);
+        printSummary(out, destination, outcome, options.dryRun);
     if (outcome.count(FileStatus::Missing) + outcome.count(FileStatus::Failed) > 0)
         session.noteOnMissingFiles();
     ExitCode code = ExitOk;

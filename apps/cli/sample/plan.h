@@ -23,6 +23,9 @@ struct Place {
     int hoursFromUtc;
 };
 
+inline constexpr Place home{"Cambridge", 52.2053, 0.1218, 0};
+inline constexpr Place nowhere{"", -180, -180, 0};
+
 enum class Origin { Camera, Card, Synced, SyncedFolder, Shared, Cloud, Stream };
 
 /// One asset: what it shows, the files that it has, and its row. The writer of the media fills in sizes in pixels and

@@ -25,7 +25,7 @@ PlannedAsset &shoot(PlanBuilder &builder, const Take &take)
 
 void planFilms(PlanBuilder &builder)
 {
-    const Place home{"Cambridge", 52.2053, 0.1218, 0}, zermatt{"Zermatt", 46.0207, 7.7491, 1};
+    const Place zermatt{"Zermatt", 46.0207, 7.7491, 1};
     const Take plain[] = {
         {Motif::Waterfall, Hour::Day, QDate(2019, 9, 12), {"Gullfoss", 64.3271, -20.1199, 0}, 20},
         {Motif::Aurora, Hour::Night, QDate(2019, 9, 14), {"Jokulsarlon", 64.0484, -16.1794, 0}, 24},

@@ -6,9 +6,6 @@ namespace sample
 namespace
 {
 
-constexpr Place home{"Cambridge", 52.2053, 0.1218, 0};
-constexpr Place unknown{"", -180, -180, 0};
-
 // Every year a birthday: the group, everybody alone, and the cake.
 void planBirthdays(PlanBuilder &builder)
 {
@@ -53,7 +50,7 @@ void planPetsAndGarden(PlanBuilder &builder)
     for (int i = 0; i < 10; ++i) {
         PlannedAsset &cat =
             builder.photo(Motif::Cat, i % 4 == 3 ? Hour::Dusk : Hour::Day,
-                          timeOf(QDate(2020, 10, 4).addDays(137 * i), Hour::Day, 3 * i), i % 3 == 0 ? unknown : home);
+                          timeOf(QDate(2020, 10, 4).addDays(137 * i), Hour::Day, 3 * i), i % 3 == 0 ? nowhere : home);
         cat.tags << QStringLiteral("The cat");
         cat.row.favorite = i % 3 == 1;
     }
@@ -66,7 +63,7 @@ void planPetsAndGarden(PlanBuilder &builder)
             flower.shown = QSize(480, 480);
     }
     for (int i = 0; i < 3; ++i)
-        builder.photo(Motif::Coffee, Hour::Day, timeOf(QDate(2022, 1, 15).addDays(190 * i), Hour::Day, 20), unknown);
+        builder.photo(Motif::Coffee, Hour::Day, timeOf(QDate(2022, 1, 15).addDays(190 * i), Hour::Day, 20), nowhere);
 }
 
 } // namespace

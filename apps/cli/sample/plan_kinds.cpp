@@ -6,9 +6,6 @@ namespace sample
 namespace
 {
 
-constexpr Place home{"Cambridge", 52.2053, 0.1218, 0};
-constexpr Place nowhere{"", -180, -180, 0};
-
 // Five pictures in a second. The key picture stands for the rest, which the camera roll hides.
 void planBursts(PlanBuilder &builder)
 {

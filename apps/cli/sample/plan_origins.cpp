@@ -6,9 +6,6 @@ namespace sample
 namespace
 {
 
-constexpr Place home{"Cambridge", 52.2053, 0.1218, 0};
-constexpr Place nowhere{"", -180, -180, 0};
-
 void planCardAndComputer(PlanBuilder &builder)
 {
     const Motif card[] = {Motif::Forest, Motif::Hills, Motif::Sea, Motif::Flower};
