@@ -81,6 +81,7 @@ void OpeningAttempt::fail(FailureKind kind, const QString &technical)
 
 void OpeningAttempt::run(void (OpeningAttempt::*step)())
 {
+    const std::lock_guard<std::mutex> oneAtATime(steps);
     waitsForPassword = false;
     try {
         (this->*step)();
@@ -92,6 +93,8 @@ void OpeningAttempt::run(void (OpeningAttempt::*step)())
     std::unique_ptr<devicehost::DeviceHost> leaving; // removes its files when the lock is free again
     const std::lock_guard<std::mutex> lock(mutex);
     leaving = std::move(host);
+    if (leaving)
+        leaving->requestStop(); // for reads of an open library that found the device here
 }
 
 void OpeningAttempt::failForWantOfMemory()

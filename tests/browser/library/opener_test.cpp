@@ -166,6 +166,29 @@ TEST_F(OpenerTest, AsksForTheRightPasswordOfABackup)
     EXPECT_EQ(failureOf(backup.path()), FailureKind::BackupDamaged);
 }
 
+// Each answer may be followed by the next step before the step that gave it has ended.
+TEST_F(OpenerTest, GoesOnAtOnceWhenItIsAnswered)
+{
+    testkit::BackupOptions options;
+    options.password = "sea and sand";
+    testkit::BackupBuilder backup(device.filePath(QStringLiteral("backup")), options);
+    backup.addTree(folder->root());
+    backup.write();
+    for (int pass = 0; pass < 5; ++pass) {
+        Opening opening(backup.path());
+        bool answered = false;
+        QObject::connect(&opening.opener, &browser::Opener::passwordNeeded, &opening.opener, [&](bool wasWrong) {
+            opening.passwordAsked.reset();
+            answered = !wasWrong;
+            opening.opener.setPassword("sea and sand");
+            opening.opener.proceed();
+        });
+        ASSERT_TRUE(opening.ends());
+        EXPECT_TRUE(answered);
+        EXPECT_TRUE(opening.opened.has_value());
+    }
+}
+
 TEST_F(OpenerTest, SaysThatThereAreSeveralBackups)
 {
     for (const char *name : {"one", "two"})
