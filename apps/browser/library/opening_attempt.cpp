@@ -1,5 +1,6 @@
 #include "apps/browser/library/opening_attempt.h"
 
+#include "apps/browser/library/device_identity.h"
 #include "apps/browser/library/device_title.h"
 #include "apps/browser/library/log_notes.h"
 #include "devicehost/backup/backup_places.h"
@@ -109,7 +110,9 @@ void OpeningAttempt::find()
     if (resolved.status != devicehost::DeviceStatus::Found)
         return explain(resolved);
     device = resolved.devicePath;
-    mailbox->post([receiver = opener, name = device] { Q_EMIT receiver->found(name); });
+    mailbox->post([receiver = opener, name = device, identity = deviceIdentity(device)] {
+        Q_EMIT receiver->found(name, identity);
+    });
 }
 
 QString OpeningAttempt::pathOfArgument() const
@@ -198,6 +201,8 @@ Opened OpeningAttempt::conditionOf(photo_manager_int &manager, bool lacksTables)
         result.shortcoming = Shortcoming::EmptyDatabase;
     else if (lacksTables || (manager.getAlbumCount() == 0 && manager.getLibraryUuid().isEmpty()))
         result.shortcoming = Shortcoming::NoTables;
+    else if (const QString notice = host->notice(); !notice.isEmpty())
+        result = {{}, {}, Shortcoming::UnfinishedBackup, notice};
     return result;
 }
 

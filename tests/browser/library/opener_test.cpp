@@ -189,6 +189,20 @@ TEST_F(OpenerTest, GoesOnAtOnceWhenItIsAnswered)
     }
 }
 
+TEST_F(OpenerTest, SaysThatABackupWasInterrupted)
+{
+    testkit::BackupOptions options;
+    options.snapshotState = "new";
+    testkit::BackupBuilder backup(device.filePath(QStringLiteral("backup")), options);
+    backup.addTree(folder->root());
+    backup.write();
+    Opening opening(backup.path());
+    ASSERT_TRUE(opening.ends());
+    ASSERT_TRUE(opening.opened.has_value());
+    EXPECT_EQ(opening.opened->shortcoming, Shortcoming::UnfinishedBackup);
+    EXPECT_TRUE(opening.opened->technical.contains(QStringLiteral("interrupted")));
+}
+
 TEST_F(OpenerTest, SaysThatThereAreSeveralBackups)
 {
     for (const char *name : {"one", "two"})
