@@ -383,8 +383,11 @@ void MainWindow::closeEvent(QCloseEvent *event)
         });
         return;
     }
+    endOpening();
     if (room)
         room->endExports();
+    claim.reset(); // another window may have the device at once
+    wantedClaim.reset();
     saveWindow();
     QMainWindow::closeEvent(event);
 }
