@@ -19,6 +19,7 @@
 #include <QMenuBar>
 #include <QMimeData>
 #include <QPointer>
+#include <QScrollBar>
 #include <QTest>
 
 namespace
@@ -116,6 +117,20 @@ TEST_F(Keeping, ThePlaceWhenThePhoneIsReadAgain)
     EXPECT_EQ(after.current, before.current);
     EXPECT_EQ(page->shownPhotos(), photos);
     EXPECT_NE(shown<QWidget>(window, "libraryPage"), nullptr);
+}
+
+TEST_F(Keeping, WhatIsOnTheScreenWhenThePhoneIsReadAgain)
+{
+    MainWindow *const window = openSample();
+    window->resize(800, 500);
+    QCoreApplication::processEvents();
+    auto *const grid = pageOf(window)->findChild<QListView *>(QStringLiteral("photoGrid"));
+    grid->verticalScrollBar()->setValue(grid->verticalScrollBar()->maximum() / 2 + 7);
+    const browser::PagePlace before = pageOf(window)->place();
+    ASSERT_NE(before.first, pageOf(window)->shownPhotos().value(0));
+    LibraryPage *const page = readAgain(window);
+    EXPECT_TRUE(comesTrueSoon([&] { return page->place().first == before.first; }));
+    EXPECT_EQ(page->place().above, before.above);
 }
 
 TEST_F(Keeping, ThePhotoInTheViewerWhenThePhoneIsReadAgain)
