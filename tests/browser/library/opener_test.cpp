@@ -2,6 +2,7 @@
 
 #include "apps/browser/library/background.h"
 #include "apps/browser/library/log_notes.h"
+#include "apps/browser/library/opening_attempt.h"
 #include "devicehost/log_sink.h"
 #include "testing/backup_builder.h"
 #include "testing/library_builder.h"
@@ -13,6 +14,8 @@
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
+
+#include <thread>
 
 namespace
 {
@@ -39,6 +42,7 @@ protected:
     }
     ~OpenerTest() override
     {
+        EXPECT_TRUE(browser::waitForBackground(std::chrono::minutes(1)));
         devicehost::setLogListener({});
         qunsetenv("TMPDIR");
     }
@@ -164,6 +168,26 @@ TEST_F(OpenerTest, AsksForTheRightPasswordOfABackup)
 
     QDir(backup.path()).remove(QStringLiteral("Manifest.db"));
     EXPECT_EQ(failureOf(backup.path()), FailureKind::BackupDamaged);
+}
+
+TEST_F(OpenerTest, TakesOneStepAfterTheOther)
+{
+    browser::Opener receiver(folder->root());
+    QStringList told;
+    QObject::connect(&receiver, &browser::Opener::progressed, &receiver, [&told](const browser::OpeningProgress &now) {
+        if (now.stage == Stage::Connecting)
+            told += QStringLiteral("begun");
+    });
+    QObject::connect(&receiver, &browser::Opener::opened, &receiver, [&told] { told += QStringLiteral("ended"); });
+    browser::OpeningAttempt attempt(&receiver, folder->root());
+    attempt.run(&browser::OpeningAttempt::find);
+    std::thread one([&attempt] { attempt.run(&browser::OpeningAttempt::open); });
+    std::thread other([&attempt] { attempt.run(&browser::OpeningAttempt::open); });
+    one.join();
+    other.join();
+    EXPECT_TRUE(comesTrueSoon([&told] { return told.count(QStringLiteral("ended")) == 2; }));
+    EXPECT_EQ(told.join(QLatin1Char(' ')).toStdString(), "begun ended begun ended");
+    browser::waitForRetired();
 }
 
 // Each answer may be followed by the next step before the step that gave it has ended.
