@@ -44,8 +44,7 @@ public:
     void selectIds(const QVector<qint64> &ids);
     /// Makes this photo the current one and leaves the selection alone; nothing happens when it is not shown.
     void setCurrentId(qint64 id);
-    /// The first photo on the screen, 0 for none, and how many pixels of it are above.
-    std::pair<qint64, int> topPhoto() const;
+    std::pair<qint64, int> topPhoto() const; ///< first one on the screen, 0 for none, and its pixels that are above
     void scrollToTop(qint64 id, int above);
     void selectSection(int section);
     /// Positions of the photos on the screen: the first one, and the one behind the last.
