@@ -250,6 +250,19 @@ void ExportWindow::cancelAndWait()
     job->cancelAndWait();
 }
 
+void ExportWindow::giveUp()
+{
+    setParent(nullptr, windowFlags());
+    hide();
+    if (!job->isRunning()) {
+        deleteLater();
+        return;
+    }
+    setAttribute(Qt::WA_DeleteOnClose);
+    closeAfterwards = true;
+    job->cancel();
+}
+
 // A run is ended first, without waiting for it here.
 bool ExportWindow::mayClose()
 {

@@ -35,6 +35,9 @@ public:
     bool isRunning() const;
     /// Ends a running export in good order, and waits for it: what is complete stays.
     void cancelAndWait();
+    /// Hides this, ends a running export in good order, and deletes this once it is over: what is complete stays. Does
+    /// not wait. Nobody's child from now on.
+    void giveUp();
 
 public Q_SLOTS:
     /// Also when the window is closed.

@@ -1091,13 +1091,13 @@ Ohne DEVICE werden die vorhandenen Handys, Sicherungen und Ordner aufgelistet.</
         <translation>Das Handy wird neu gelesen …</translation>
     </message>
     <message>
-        <source>The backup is protected by a password. Close it and open it again to give it.</source>
-        <translation>Die Sicherung ist durch ein Passwort geschützt. Schließen und öffnen Sie sie noch einmal, um es einzugeben.</translation>
-    </message>
-    <message>
         <source>%1. %2</source>
         <comment>what happened, and what to do</comment>
         <translation>%1. %2</translation>
+    </message>
+    <message>
+        <source>This backup was interrupted before its end: photos may be missing or out of date. Make a new backup of the phone.</source>
+        <translation>Diese Sicherung wurde vor ihrem Ende abgebrochen: Fotos können fehlen oder veraltet sein. Machen Sie eine neue Sicherung des Handys.</translation>
     </message>
 </context>
 <context>

@@ -1074,13 +1074,13 @@ Without DEVICE it lists the phones, backups and folders that there are.</source>
         <translation>正在重新读取手机…</translation>
     </message>
     <message>
-        <source>The backup is protected by a password. Close it and open it again to give it.</source>
-        <translation>备份受密码保护。请关闭后重新打开以输入密码。</translation>
-    </message>
-    <message>
         <source>%1. %2</source>
         <comment>what happened, and what to do</comment>
         <translation>%1。%2</translation>
+    </message>
+    <message>
+        <source>This backup was interrupted before its end: photos may be missing or out of date. Make a new backup of the phone.</source>
+        <translation>此备份在完成前被中断：可能缺少照片，或照片不是最新的。请重新备份手机。</translation>
     </message>
 </context>
 <context>

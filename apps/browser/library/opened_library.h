@@ -54,7 +54,7 @@ public:
     /// Path of the original on the device, such as "DCIM/100APPLE/IMG_0001.JPG".
     QString devicePath(qint64 id);
 
-    /// Whether the device can still be opened. May take as long as the device takes to answer.
+    /// Whether the device is still there, with its photo database. May take as long as the device takes to answer.
     bool isAvailable();
 
     /// For the exporter, which runs on a thread of its own beside everything else.

@@ -29,9 +29,10 @@ struct OpeningProgress {
 /// What a library that is open lacks all the same.
 enum class Shortcoming {
     None,
-    ReadInPart,    ///< the photo database is damaged; what could be read is there
-    EmptyDatabase, ///< the photo database is a file of 0 bytes
-    NoTables,      ///< it is no photo database, or of a kind that nobody knows
+    ReadInPart,       ///< the photo database is damaged; what could be read is there
+    EmptyDatabase,    ///< the photo database is a file of 0 bytes
+    NoTables,         ///< it is no photo database, or of a kind that nobody knows
+    UnfinishedBackup, ///< the backup was interrupted: files may be missing or out of date
 };
 
 /// An open library and what to say of it.
@@ -66,8 +67,8 @@ public:
     void cancel();
 
 Q_SIGNALS:
-    /// The device is there; proceed() goes on.
-    void found(const QString &device);
+    /// The device is there; proceed() goes on. `identity` is what deviceIdentity() says of it.
+    void found(const QString &device, const QString &identity);
     void progressed(const browser::OpeningProgress &progress);
     /// setPassword() and proceed() go on. `wasWrong`: the last one did not fit.
     void passwordNeeded(bool wasWrong);

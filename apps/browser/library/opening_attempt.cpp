@@ -1,5 +1,6 @@
 #include "apps/browser/library/opening_attempt.h"
 
+#include "apps/browser/library/device_identity.h"
 #include "apps/browser/library/device_title.h"
 #include "apps/browser/library/log_notes.h"
 #include "devicehost/backup/backup_places.h"
@@ -81,6 +82,7 @@ void OpeningAttempt::fail(FailureKind kind, const QString &technical)
 
 void OpeningAttempt::run(void (OpeningAttempt::*step)())
 {
+    const std::lock_guard<std::mutex> oneAtATime(steps);
     waitsForPassword = false;
     try {
         (this->*step)();
@@ -92,6 +94,8 @@ void OpeningAttempt::run(void (OpeningAttempt::*step)())
     std::unique_ptr<devicehost::DeviceHost> leaving; // removes its files when the lock is free again
     const std::lock_guard<std::mutex> lock(mutex);
     leaving = std::move(host);
+    if (leaving)
+        leaving->requestStop(); // for reads of an open library that found the device here
 }
 
 void OpeningAttempt::failForWantOfMemory()
@@ -106,7 +110,9 @@ void OpeningAttempt::find()
     if (resolved.status != devicehost::DeviceStatus::Found)
         return explain(resolved);
     device = resolved.devicePath;
-    mailbox->post([receiver = opener, name = device] { Q_EMIT receiver->found(name); });
+    mailbox->post([receiver = opener, name = device, identity = deviceIdentity(device)] {
+        Q_EMIT receiver->found(name, identity);
+    });
 }
 
 QString OpeningAttempt::pathOfArgument() const
@@ -195,6 +201,8 @@ Opened OpeningAttempt::conditionOf(photo_manager_int &manager, bool lacksTables)
         result.shortcoming = Shortcoming::EmptyDatabase;
     else if (lacksTables || (manager.getAlbumCount() == 0 && manager.getLibraryUuid().isEmpty()))
         result.shortcoming = Shortcoming::NoTables;
+    else if (const QString notice = host->notice(); !notice.isEmpty())
+        result = {{}, {}, Shortcoming::UnfinishedBackup, notice};
     return result;
 }
 

@@ -19,7 +19,8 @@ struct ResolvedDevice;
 namespace browser
 {
 
-/// What an Opener shares with the thread that works for it, which may outlive it. One step runs at a time.
+/// What an Opener shares with the threads that work for it, which may outlive it. One step runs at a time; the next one
+/// may be asked for as soon as the one before it has told something, and then waits for its end.
 class OpeningAttempt
 {
 public:
@@ -62,7 +63,8 @@ private:
     const QString argument;
     std::atomic<bool> stopped{false};
     QString device;
-    bool waitsForPassword = false;
+    std::mutex steps;              ///< held by the running step
+    bool waitsForPassword = false; ///< guarded by `steps`, as what has no lock of its own
     std::mutex mutex; ///< guards what follows; `host` is replaced under it and used without by the running step
     QByteArray password;
     std::unique_ptr<devicehost::DeviceHost> host;

@@ -69,6 +69,12 @@ int CollectionModel::rowCount(const QModelIndex &parent) const
     return static_cast<int>(parent.isValid() ? node(parent).children.size() : sections.size());
 }
 
+int CollectionModel::sectionOf(const Node &shown) const
+{
+    const Node &first = nodes[static_cast<std::size_t>(shown.children.front())];
+    return static_cast<int>(snapshot->collections[static_cast<std::size_t>(first.collection)].section);
+}
+
 QVariant CollectionModel::data(const QModelIndex &index, int role) const
 {
     if (!index.isValid())
@@ -77,7 +83,7 @@ QVariant CollectionModel::data(const QModelIndex &index, int role) const
     if (role == Qt::DisplayRole || (role == Qt::AccessibleTextRole && shown.collection < 0))
         return shown.title;
     if (shown.collection < 0)
-        return {};
+        return role == SectionRole ? QVariant(sectionOf(shown)) : QVariant();
     const int count = snapshot->collections[static_cast<std::size_t>(shown.collection)].photoIds.size();
     switch (role) {
     case Qt::DecorationRole:

@@ -19,6 +19,7 @@ public:
     enum Role {
         CountRole = Qt::UserRole, ///< photos of the collection; none for a section
         CollectionRole,           ///< index in Snapshot::collections; none for a section
+        SectionRole,              ///< number of the Section; none for a collection
     };
 
     explicit CollectionModel(std::shared_ptr<const Snapshot> snapshot, QObject *parent = nullptr);
@@ -44,6 +45,7 @@ private:
     };
 
     int add(int parent, int collection, const QString &title, const QIcon &icon);
+    int sectionOf(const Node &shown) const;
     const Node &node(const QModelIndex &index) const { return nodes[static_cast<std::size_t>(index.internalId())]; }
 
     const std::shared_ptr<const Snapshot> snapshot;

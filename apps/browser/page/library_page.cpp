@@ -17,9 +17,12 @@
 #include <QMimeData>
 #include <QPushButton>
 #include <QSettings>
+#include <QSignalBlocker>
 #include <QSplitter>
 #include <QStackedWidget>
 #include <QVBoxLayout>
+
+#include <tuple>
 
 namespace browser
 {
@@ -35,6 +38,11 @@ QString splitterSetting()
 QString factsSetting()
 {
     return QStringLiteral("page/facts");
+}
+
+QString collectionSetting()
+{
+    return QStringLiteral("page/collection");
 }
 
 QString cellSetting()
@@ -202,6 +210,8 @@ void LibraryPage::showFound(const std::shared_ptr<const PhotoList> &photos)
         clearButton->setFocus();
     if (awaited != 0)
         setCurrentPhoto(std::exchange(awaited, 0));
+    if (awaitedPlace)
+        arrive(*std::exchange(awaitedPlace, std::nullopt));
     statusPause.start();
     factsPause.start();
 }
@@ -224,6 +234,36 @@ void LibraryPage::setCurrentPhoto(qint64 id)
     }
     if (const int row = model->rowOf(id); row >= 0)
         grid->makeCurrent(row);
+}
+
+PagePlace LibraryPage::place() const
+{
+    const PhotoQuery query = bar->query();
+    const auto &collections = opened->snapshot().collections;
+    PagePlace here;
+    here.collection = collectionName(collections[static_cast<std::size_t>(sideBar->chosen())]);
+    here.text = query.text;
+    here.filters = query.filters;
+    here.selected = grid->selectedIds();
+    here.current = grid->currentIndex().isValid() ? model->idAt(grid->currentIndex().row()) : 0;
+    std::tie(here.first, here.above) = grid->topPhoto();
+    return here;
+}
+
+void LibraryPage::goTo(const PagePlace &place)
+{
+    bar->narrow(place.text, place.filters);
+    awaitedPlace = place;
+    const QSignalBlocker oneSearch(sideBar);
+    sideBar->choose(findCollection(opened->snapshot(), place.collection));
+    search();
+}
+
+void LibraryPage::arrive(const PagePlace &place)
+{
+    grid->selectIds(place.selected);
+    grid->setCurrentId(place.current);
+    grid->scrollToTop(place.first, place.above);
 }
 
 void LibraryPage::updateStatus()
@@ -310,6 +350,10 @@ void LibraryPage::saveState(QSettings &settings) const
     settings.setValue(splitterSetting(), splitter->saveState());
     settings.setValue(factsSetting(), factsAction->isChecked());
     settings.setValue(cellSetting(), grid->cellSize());
+    const Snapshot &snapshot = opened->snapshot();
+    const Collection &chosen = snapshot.collections[static_cast<std::size_t>(sideBar->chosen())];
+    settings.setValue(collectionSetting(), QStringList{snapshot.libraryUuid, collectionName(chosen)});
+    sideBar->saveState(settings);
     bar->saveState(settings);
 }
 
@@ -318,6 +362,11 @@ void LibraryPage::restoreState(const QSettings &settings)
     splitter->restoreState(settings.value(splitterSetting()).toByteArray());
     showFacts(settings.value(factsSetting(), false).toBool());
     grid->setCellSize(settings.value(cellSetting(), grid->cellSize()).toInt());
+    sideBar->restoreState(settings);
+    const QStringList collection = settings.value(collectionSetting()).toStringList();
+    const Snapshot &snapshot = opened->snapshot();
+    if (collection.value(0) == snapshot.libraryUuid)
+        sideBar->choose(findCollection(snapshot, collection.value(1)));
     bar->restoreState(settings);
 }
 

@@ -2,10 +2,13 @@
 #define APPS_BROWSER_PAGE_LIBRARY_PAGE_H
 
 #include "apps/browser/library/opened_library.h"
+#include "apps/browser/page/page_place.h"
 
 #include <QTimer>
 #include <QVector>
 #include <QWidget>
+
+#include <optional>
 
 class QLabel;
 class QSettings;
@@ -47,7 +50,12 @@ public:
     /// Whether a search or an order is still being worked out.
     bool isSearching() const;
 
-    /// Widths, sorting, size of the thumbnails: what a person has arranged.
+    PagePlace place() const;
+    /// Goes to the place where a person was in another page of the device, as far as this page has it, once the photos
+    /// there are found.
+    void goTo(const PagePlace &place);
+
+    /// Widths, sorting, size of the thumbnails, the collection: what a person has arranged.
     void saveState(QSettings &settings) const;
     void restoreState(const QSettings &settings);
 
@@ -77,6 +85,7 @@ private:
     void startDrag();
     void exportSelected();
     void copyNames();
+    void arrive(const PagePlace &place);
 
     const std::shared_ptr<OpenedLibrary> opened;
     PhotoModel *model;
@@ -96,6 +105,7 @@ private:
     QTimer statusPause; ///< one text for many changes
     QTimer factsPause;
     qint64 awaited = 0; ///< to become the current photo once it is found
+    std::optional<PagePlace> awaitedPlace;
 };
 
 } // namespace browser

@@ -197,12 +197,17 @@ PhotoQuery PageBar::query() const
 
 void PageBar::clear()
 {
-    search->clear();
+    narrow(QString(), 0);
+    Q_EMIT queryChanged();
+}
+
+void PageBar::narrow(const QString &text, quint32 filterBits)
+{
+    search->setText(text);
     for (QAction *filter : qAsConst(filters))
-        filter->setChecked(false);
+        filter->setChecked((filter->data().toUInt() & filterBits) != 0);
     markFilters();
     typing.stop();
-    Q_EMIT queryChanged();
 }
 
 void PageBar::focusSearch()

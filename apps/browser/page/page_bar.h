@@ -27,6 +27,8 @@ public:
     PhotoQuery query() const;
     /// Without text and filters; the order stays.
     void clear();
+    /// Other text and filters; the order stays, and queryChanged() is not sent.
+    void narrow(const QString &text, quint32 filterBits);
     void focusSearch();
 
     void setCellSize(int side);

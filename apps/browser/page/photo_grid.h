@@ -41,6 +41,11 @@ public:
     QVector<qint64> selectedIds() const;
     QVector<int> selectedRows() const;
     void makeCurrent(int row);
+    void selectIds(const QVector<qint64> &ids);
+    /// Makes this photo the current one and leaves the selection alone; nothing happens when it is not shown.
+    void setCurrentId(qint64 id);
+    std::pair<qint64, int> topPhoto() const; ///< first one on the screen, 0 for none, and its pixels that are above
+    void scrollToTop(qint64 id, int above);
     void selectSection(int section);
     /// Positions of the photos on the screen: the first one, and the one behind the last.
     std::pair<int, int> visibleRows() const;
@@ -119,7 +124,6 @@ private:
     int rowForKey(const QKeyEvent &event) const;
     void goTo(int row, Qt::KeyboardModifiers modifiers);
     void selectRange(int from, int to, QItemSelectionModel::SelectionFlags command);
-    void selectIds(const QVector<qint64> &ids);
 
     PhotoModel &photos;
     ThumbnailLoader &loader;

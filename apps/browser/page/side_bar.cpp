@@ -5,6 +5,7 @@
 #include <QKeyEvent>
 #include <QLocale>
 #include <QPainter>
+#include <QSettings>
 #include <QStyledItemDelegate>
 
 namespace browser
@@ -15,6 +16,11 @@ namespace
 
 constexpr int padding = 6;
 constexpr int shortSection = 20; // collections; longer ones begin folded
+
+QString foldedSetting()
+{
+    return QStringLiteral("page/folded");
+}
 
 // Title on the left, count on the right.
 class CollectionDelegate : public QStyledItemDelegate
@@ -97,6 +103,31 @@ SideBar::SideBar(std::shared_ptr<const Snapshot> snapshot, QWidget *parent)
             setExpanded(index, !isExpanded(index));
     });
     choose(0);
+}
+
+template <class Action>
+void SideBar::forEachSection(const Action &action) const
+{
+    for (int row = 0; row < collections.rowCount(); ++row) {
+        const QModelIndex section = collections.index(row, 0);
+        action(section, section.data(CollectionModel::SectionRole).toString());
+    }
+}
+
+void SideBar::saveState(QSettings &settings) const
+{
+    QVariantMap folded = settings.value(foldedSetting()).toMap(); // of sections that this library does not have, too
+    forEachSection([&](const QModelIndex &section, const QString &name) { folded[name] = !isExpanded(section); });
+    settings.setValue(foldedSetting(), folded);
+}
+
+void SideBar::restoreState(const QSettings &settings)
+{
+    const QVariantMap folded = settings.value(foldedSetting()).toMap();
+    forEachSection([&](const QModelIndex &section, const QString &name) {
+        if (folded.contains(name))
+            setExpanded(section, !folded[name].toBool());
+    });
 }
 
 void SideBar::choose(int collection)

@@ -5,6 +5,8 @@
 
 #include <QTreeView>
 
+class QSettings;
+
 namespace browser
 {
 
@@ -20,6 +22,10 @@ public:
     int chosen() const { return last; }
     void choose(int collection);
 
+    /// Which sections are folded.
+    void saveState(QSettings &settings) const;
+    void restoreState(const QSettings &settings);
+
     QSize sizeHint() const override { return {fontMetrics().averageCharWidth() * 32, 400}; }
 
 Q_SIGNALS:
@@ -30,6 +36,9 @@ protected:
     void keyPressEvent(QKeyEvent *event) override;
 
 private:
+    template <class Action>
+    void forEachSection(const Action &action) const;
+
     CollectionModel collections;
     int last = 0;
 };

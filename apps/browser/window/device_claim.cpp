@@ -1,9 +1,8 @@
 #include "apps/browser/window/device_claim.h"
 
-#include "apps/browser/library/device_title.h"
+#include "apps/browser/library/background.h"
 
 #include <QCryptographicHash>
-#include <QFileInfo>
 #include <QLocalSocket>
 #include <QStandardPaths>
 
@@ -15,36 +14,35 @@ namespace
 
 constexpr int patience = 1000; ///< milliseconds for a process of this computer to take a connection
 
-// One name for a folder, by whatever way it was reached. The place is this user's alone.
-QString socketPath(const QString &device)
+// The place is this user's alone.
+QString socketPath(const QString &identity)
 {
-    const QString path = localPathOf(device);
-    const QString canonical = path.isEmpty() ? QString() : QFileInfo(path).canonicalFilePath();
-    const QByteArray hash =
-        QCryptographicHash::hash((canonical.isEmpty() ? device : canonical).toUtf8(), QCryptographicHash::Sha256);
+    const QByteArray hash = QCryptographicHash::hash(identity.toUtf8(), QCryptographicHash::Sha256);
     return QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation) + QStringLiteral("/photolib-browser-") +
            QString::fromLatin1(hash.toHex().left(16));
 }
 
 void askToRaise(const QString &path)
 {
-    QLocalSocket socket;
-    socket.connectToServer(path);
-    socket.waitForConnected(patience);
+    startBackground([path] {
+        QLocalSocket socket;
+        socket.connectToServer(path);
+        socket.waitForConnected(patience);
+    });
 }
 
 } // namespace
 
-DeviceClaim::DeviceClaim(const QString &device, const QString &path)
-    : name(device), lock(path + QStringLiteral(".lock"))
+DeviceClaim::DeviceClaim(const QString &identity, const QString &path)
+    : name(identity), lock(path + QStringLiteral(".lock"))
 {
     lock.setStaleLockTime(0); // held as long as the process lives
 }
 
-std::unique_ptr<DeviceClaim> DeviceClaim::take(const QString &device)
+std::unique_ptr<DeviceClaim> DeviceClaim::take(const QString &identity)
 {
-    const QString path = socketPath(device);
-    std::unique_ptr<DeviceClaim> claim(new DeviceClaim(device, path));
+    const QString path = socketPath(identity);
+    std::unique_ptr<DeviceClaim> claim(new DeviceClaim(identity, path));
     if (!claim->lock.tryLock(0) && claim->lock.error() == QLockFile::LockFailedError) {
         askToRaise(path);
         return nullptr;

@@ -17,17 +17,17 @@ class DeviceClaim : public QObject
 
 public:
     /// Null when another window has the device, in this process or another one; that one is then asked to come to the
-    /// front. `device` is a name with a scheme.
-    static std::unique_ptr<DeviceClaim> take(const QString &device);
+    /// front, on a thread of its own. `identity` is what deviceIdentity() says of the device.
+    static std::unique_ptr<DeviceClaim> take(const QString &identity);
 
-    const QString &device() const { return name; }
+    const QString &identity() const { return name; }
 
 Q_SIGNALS:
     /// Somebody else wants this device: the window is to come to the front.
     void raiseRequested();
 
 private:
-    DeviceClaim(const QString &device, const QString &path);
+    DeviceClaim(const QString &identity, const QString &path);
 
     const QString name;
     QLockFile lock;

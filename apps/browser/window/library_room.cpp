@@ -5,12 +5,14 @@
 #include "apps/browser/page/library_page.h"
 #include "apps/browser/viewer/viewer.h"
 #include "apps/browser/window/notice_bar.h"
+#include "apps/browser/window/presence_watch.h"
 
 #include <QBoxLayout>
 #include <QSettings>
 #include <QStackedWidget>
 
 #include <algorithm>
+#include <utility>
 
 namespace browser
 {
@@ -19,11 +21,12 @@ namespace
 {
 
 const char pageGroup[] = "page";
+const char exportSizeKey[] = "export/size";
 
 } // namespace
 
 LibraryRoom::LibraryRoom(Opened opened, QWidget *parent)
-    : QWidget(parent), notice(new NoticeBar(this)), stack(new QStackedWidget(this))
+    : QWidget(parent), notice(new NoticeBar(this)), stack(new QStackedWidget(this)), presence(new PresenceWatch(this))
 {
     setObjectName(QStringLiteral("libraryRoom"));
     auto *const layout = new QVBoxLayout(this);
@@ -32,71 +35,112 @@ LibraryRoom::LibraryRoom(Opened opened, QWidget *parent)
     layout->addWidget(notice);
     layout->addWidget(stack, 1);
     connect(notice, &NoticeBar::pressed, this, &LibraryRoom::reopen);
+    connect(presence, &PresenceWatch::gone, this, [this] {
+        if (!gone && !reopener) // which tells
+            tellDeviceGone();
+    });
     take(std::move(opened));
+    endViewing(0);
 }
 
+// Reads find the device by its name, also the one that is just being opened again: everything stops before anything is
+// waited for.
 LibraryRoom::~LibraryRoom()
 {
     saveState();
-    library->stop(); // a read that hangs would keep an export from ending
-    for (const QPointer<ExportWindow> &window : qAsConst(exports)) {
-        if (window)
-            window->cancelAndWait();
-        delete window.data();
-    }
+    reopener.reset();
+    now.library->stop();
+    for (const Shown &one : earlier)
+        one.library->stop();
+    for (const Export &one : exports)
+        if (one.window) {
+            disconnect(one.window, nullptr, this, nullptr);
+            one.window->giveUp();
+        }
+    exports.clear();
     leave();
 }
 
 QString LibraryRoom::deviceName() const
 {
-    return library->deviceName();
+    return now.library->deviceName();
 }
 
-// Exports that still run keep the earlier library, and its reads.
 void LibraryRoom::leave()
 {
-    if (!library)
+    if (!now.library)
         return;
-    if (!isExporting())
-        library->stop();
-    delete viewer;
-    delete page;
-    viewer = nullptr;
-    page = nullptr;
-    retire(std::move(library));
+    disconnect(now.page, nullptr, this, nullptr);
+    disconnect(now.viewer, nullptr, this, nullptr);
+    earlier.push_back(std::exchange(now, {}));
+    endUnused();
+}
+
+// An export window keeps the library that it was made for, and its reads.
+void LibraryRoom::endUnused()
+{
+    exports.erase(std::remove_if(exports.begin(), exports.end(), [](const Export &one) { return one.window.isNull(); }),
+                  exports.end());
+    const auto firstUnused = std::stable_partition(earlier.begin(), earlier.end(), [this](const Shown &shown) {
+        return std::any_of(exports.begin(), exports.end(),
+                           [&shown](const Export &one) { return one.library.lock() == shown.library; });
+    });
+    std::for_each(firstUnused, earlier.end(), [](Shown &shown) { end(&shown); });
+    earlier.erase(firstUnused, earlier.end());
+}
+
+void LibraryRoom::end(Shown *shown)
+{
+    shown->library->stop();
+    delete shown->viewer;
+    delete shown->page;
+    retire(std::move(shown->library));
 }
 
 void LibraryRoom::take(Opened opened)
 {
-    if (page != nullptr)
-        saveState();
     leave();
     gone = false;
-    library = opened.library;
     name = opened.title;
-    page = new LibraryPage(library);
-    viewer = new Viewer(library);
-    stack->addWidget(page);
-    stack->addWidget(viewer);
+    now = {opened.library, new LibraryPage(opened.library), new Viewer(opened.library)};
+    stack->addWidget(now.page);
+    stack->addWidget(now.viewer);
     connectPage();
     QSettings settings;
     settings.beginGroup(QLatin1String(pageGroup));
-    page->restoreState(settings);
-    endViewing(0);
+    now.page->restoreState(settings);
     tellShortcoming(opened);
+    presence->watch(deviceName());
     retire(std::move(opened.library));
+}
+
+void LibraryRoom::renew(const Opened &opened)
+{
+    saveState();
+    const PagePlace place = now.page->place();
+    const bool wasViewing = isViewing();
+    take(opened);
+    now.page->goTo(place);
+    QVector<qint64> left;
+    for (const qint64 id : qAsConst(viewable))
+        if (now.library->snapshot().find(id) != nullptr)
+            left += id;
+    if (wasViewing && left.contains(viewed))
+        startViewing(left, left.indexOf(viewed));
+    else
+        endViewing(0);
 }
 
 void LibraryRoom::connectPage()
 {
-    connect(page, &LibraryPage::photosActivated, this, &LibraryRoom::startViewing);
-    connect(page, &LibraryPage::exportRequested, this, &LibraryRoom::exportPhotos);
-    connect(page, &LibraryPage::statusChanged, this, &LibraryRoom::statusChanged);
-    connect(page, &LibraryPage::readsFailing, this, &LibraryRoom::checkDevice);
-    connect(viewer, &Viewer::currentChanged, this, [this](qint64 id) { viewed = id; });
-    connect(viewer, &Viewer::closed, this, &LibraryRoom::endViewing);
-    connect(viewer, &Viewer::exportRequested, this, &LibraryRoom::exportPhotos);
-    connect(viewer, &Viewer::readFailed, this, &LibraryRoom::checkDevice);
+    connect(now.page, &LibraryPage::photosActivated, this, &LibraryRoom::startViewing);
+    connect(now.page, &LibraryPage::exportRequested, this, &LibraryRoom::exportPhotos);
+    connect(now.page, &LibraryPage::statusChanged, this, &LibraryRoom::statusChanged);
+    connect(now.page, &LibraryPage::readsFailing, this, &LibraryRoom::checkDevice);
+    connect(now.viewer, &Viewer::currentChanged, this, [this](qint64 id) { viewed = id; });
+    connect(now.viewer, &Viewer::closed, this, &LibraryRoom::endViewing);
+    connect(now.viewer, &Viewer::exportRequested, this, &LibraryRoom::exportPhotos);
+    connect(now.viewer, &Viewer::readFailed, this, &LibraryRoom::checkDevice);
 }
 
 void LibraryRoom::tellShortcoming(const Opened &opened)
@@ -122,6 +166,13 @@ void LibraryRoom::tellShortcoming(const Opened &opened)
                            tr("The list of photos is of a kind that is not known, so photos or albums are missing. "
                               "Check that this is the folder of a phone, the one that holds “DCIM” and “PhotoData”."));
         break;
+    case Shortcoming::UnfinishedBackup:
+        notice->showNotice(
+            Symbol::Warning,
+            tr("This backup was interrupted before its end: photos may be missing or out of date. Make a "
+               "new backup of the phone."),
+            {}, opened.technical);
+        break;
     }
     if (opened.shortcoming == Shortcoming::None && opened.library->snapshot().photos.empty())
         notice->showNotice(Symbol::Information, tr("There are no photos or videos on this phone."), tr("Read &Again"));
@@ -131,17 +182,17 @@ void LibraryRoom::saveState() const
 {
     QSettings settings;
     settings.beginGroup(QLatin1String(pageGroup));
-    page->saveState(settings);
+    now.page->saveState(settings);
 }
 
 void LibraryRoom::exportSelected()
 {
-    exportPhotos(isViewing() ? QVector<qint64>{viewed} : page->selectedPhotos());
+    exportPhotos(isViewing() ? QVector<qint64>{viewed} : now.page->selectedPhotos());
 }
 
 void LibraryRoom::exportShown()
 {
-    exportPhotos(page->shownPhotos());
+    exportPhotos(now.page->shownPhotos());
 }
 
 void LibraryRoom::exportPhotos(const QVector<qint64> &ids)
@@ -150,38 +201,50 @@ void LibraryRoom::exportPhotos(const QVector<qint64> &ids)
         Q_EMIT statusChanged(tr("No photo is selected. Select some first, or all with Ctrl+A."));
         return;
     }
-    auto *const window = new ExportWindow(library, ids, this);
+    auto *const window = new ExportWindow(now.library, ids, this);
     window->setAttribute(Qt::WA_DeleteOnClose);
-    exports.erase(std::remove_if(exports.begin(), exports.end(), [](const auto &one) { return one.isNull(); }),
-                  exports.end());
-    exports.append(window);
+    window->resize(QSettings().value(QLatin1String(exportSizeKey), window->size()).toSize());
+    connect(window, &QDialog::finished, window,
+            [window] { QSettings().setValue(QLatin1String(exportSizeKey), window->size()); });
+    connect(window, &QObject::destroyed, this, &LibraryRoom::endUnused, Qt::QueuedConnection);
+    exports.push_back({window, now.library, false});
     window->show();
 }
 
 bool LibraryRoom::isExporting() const
 {
-    return std::any_of(exports.begin(), exports.end(), [](const auto &one) { return one && one->isRunning(); });
+    return std::any_of(exports.begin(), exports.end(),
+                       [](const Export &one) { return one.window && !one.ended && one.window->isRunning(); });
+}
+
+void LibraryRoom::endExports()
+{
+    for (Export &one : exports)
+        if (one.window && one.window->isRunning() && !std::exchange(one.ended, true))
+            one.window->giveUp();
 }
 
 bool LibraryRoom::isViewing() const
 {
-    return stack->currentWidget() == viewer;
+    return stack->currentWidget() == now.viewer;
 }
 
 void LibraryRoom::startViewing(const QVector<qint64> &ids, int current)
 {
+    viewable = ids;
     viewed = ids.value(current);
-    viewer->showPhotos(ids, current);
-    stack->setCurrentWidget(viewer);
-    viewer->setFocus();
+    now.viewer->showPhotos(ids, current);
+    stack->setCurrentWidget(now.viewer);
+    now.viewer->setFocus();
     Q_EMIT viewingChanged(true);
 }
 
 void LibraryRoom::endViewing(qint64 id)
 {
-    stack->setCurrentWidget(page);
-    page->setCurrentPhoto(id);
-    page->setFocus();
+    stack->setCurrentWidget(now.page);
+    if (id != 0)
+        now.page->setCurrentPhoto(id);
+    now.page->setFocus();
     Q_EMIT viewingChanged(false);
 }
 
@@ -192,12 +255,12 @@ void LibraryRoom::checkDevice()
     if (checking || gone || reopener)
         return;
     checking = true;
-    const std::shared_ptr<OpenedLibrary> asked = library;
+    const std::shared_ptr<OpenedLibrary> asked = now.library;
     inBackground<bool>(
         this, [asked] { return !asked->isAvailable(); },
-        [this, watched = std::weak_ptr<OpenedLibrary>(library)](bool isGone) {
+        [this, watched = std::weak_ptr<OpenedLibrary>(now.library)](bool isGone) {
             checking = false;
-            if (isGone && !reopener && watched.lock() == library)
+            if (isGone && !reopener && watched.lock() == now.library)
                 tellDeviceGone();
         });
 }
@@ -222,7 +285,7 @@ void LibraryRoom::reopen()
     connect(reopener.get(), &Opener::found, reopener.get(), &Opener::proceed);
     connect(reopener.get(), &Opener::opened, this, [this, finished](const Opened &result) {
         finished();
-        take(result);
+        renew(result);
     });
     connect(reopener.get(), &Opener::failed, this, [this, finished](const OpeningFailure &failure) {
         finished();
@@ -230,8 +293,8 @@ void LibraryRoom::reopen()
     });
     connect(reopener.get(), &Opener::passwordNeeded, this, [this, finished] {
         finished();
-        notice->showNotice(Symbol::Information,
-                           tr("The backup is protected by a password. Close it and open it again to give it."));
+        notice->hide();
+        Q_EMIT passwordNeeded();
     });
     reopener->start();
 }

@@ -6,6 +6,8 @@
 
 #include <QTime>
 
+#include <algorithm>
+
 namespace browser
 {
 
@@ -32,6 +34,7 @@ void LogBook::take(Store &store, Mailbox &mailbox, LogBook *book, const deviceho
     {
         const std::lock_guard<std::mutex> lock(store.mutex);
         store.lines.push_back(text);
+        ++store.count;
         if (store.lines.size() > static_cast<std::size_t>(mostLines))
             store.lines.pop_front();
         if (store.announced)
@@ -41,14 +44,14 @@ void LogBook::take(Store &store, Mailbox &mailbox, LogBook *book, const deviceho
     mailbox.post([book] { Q_EMIT book->grown(); }); // which runs only while the book is there
 }
 
-QStringList LogBook::lines() const
+QStringList LogBook::linesAfter(qint64 *seen) const
 {
     const std::lock_guard<std::mutex> lock(store->mutex);
     store->announced = false;
-    QStringList result;
-    for (const QString &line : store->lines)
-        result += line;
-    return result;
+    const auto kept = static_cast<qint64>(store->lines.size());
+    const qint64 wanted = std::min(kept, store->count - *seen);
+    *seen = store->count;
+    return {store->lines.end() - wanted, store->lines.end()};
 }
 
 } // namespace browser

@@ -31,17 +31,20 @@ public:
     explicit LogBook(QObject *parent = nullptr);
     ~LogBook() override;
 
-    QStringList lines() const;
+    /// The lines behind the first `*seen` that there ever were, as far as they are kept; `*seen` becomes the number of
+    /// all.
+    QStringList linesAfter(qint64 *seen) const;
 
 Q_SIGNALS:
-    /// Lines came since the last time that lines() was called. Not sent for each of them.
+    /// Lines came since the last time that linesAfter() was called. Not sent for each of them.
     void grown();
 
 private:
     // Outlives the book in a listener that is just being called.
     struct Store {
         std::mutex mutex;
-        std::deque<QString> lines;
+        std::deque<QString> lines; ///< the last ones of `count`
+        qint64 count = 0;
         bool announced = false;
     };
 

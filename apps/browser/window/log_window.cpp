@@ -10,6 +10,7 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QScrollBar>
+#include <QSettings>
 #include <QTimer>
 
 namespace browser
@@ -19,6 +20,7 @@ namespace
 {
 
 constexpr std::chrono::milliseconds updateInterval{250};
+const char sizeKey[] = "log/size";
 
 } // namespace
 
@@ -30,6 +32,7 @@ LogWindow::LogWindow(LogBook &log, QWidget *parent) : QDialog(parent), book(log)
     text->setObjectName(QStringLiteral("logText"));
     text->setAccessibleName(tr("Log"));
     text->setReadOnly(true);
+    text->setMaximumBlockCount(LogBook::mostLines);
     text->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     text->setLineWrapMode(QPlainTextEdit::NoWrap);
     text->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
@@ -45,17 +48,27 @@ LogWindow::LogWindow(LogBook &log, QWidget *parent) : QDialog(parent), book(log)
     timer->setInterval(updateInterval);
     connect(&book, &LogBook::grown, timer, qOverload<>(&QTimer::start));
     connect(timer, &QTimer::timeout, this, &LogWindow::update);
-    resize(fontMetrics().averageCharWidth() * 110, fontMetrics().height() * 26);
+    const QSize usual(fontMetrics().averageCharWidth() * 110, fontMetrics().height() * 26);
+    resize(QSettings().value(QLatin1String(sizeKey), usual).toSize());
     update();
 }
 
+LogWindow::~LogWindow()
+{
+    QSettings().setValue(QLatin1String(sizeKey), size());
+}
+
+// What is there stays, with what a person has selected in it.
 void LogWindow::update()
 {
+    const QStringList lines = book.linesAfter(&seen);
+    if (lines.isEmpty())
+        return;
     QScrollBar *const bar = text->verticalScrollBar();
-    const int place = bar->value();
-    const bool atEnd = place == bar->maximum();
-    text->setPlainText(book.lines().join(QLatin1Char('\n')));
-    bar->setValue(atEnd ? bar->maximum() : place);
+    const bool atEnd = bar->value() == bar->maximum();
+    text->appendPlainText(lines.join(QLatin1Char('\n')));
+    if (atEnd)
+        bar->setValue(bar->maximum());
 }
 
 } // namespace browser

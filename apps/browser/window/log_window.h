@@ -17,12 +17,14 @@ class LogWindow : public QDialog
 
 public:
     explicit LogWindow(LogBook &book, QWidget *parent = nullptr);
+    ~LogWindow() override;
 
 private:
     void update();
 
     LogBook &book;
     QPlainTextEdit *text;
+    qint64 seen = 0; ///< lines of the book
 };
 
 } // namespace browser

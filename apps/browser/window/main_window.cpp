@@ -15,6 +15,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QCloseEvent>
+#include <QFileInfo>
 #include <QLabel>
 #include <QMenu>
 #include <QMenuBar>
@@ -76,8 +77,8 @@ void MainWindow::connectActions()
 void MainWindow::connectPages()
 {
     connect(start, &StartPage::chosen, this, &MainWindow::openDevice);
-    connect(opening, &OpeningPage::cancelRequested, this, &MainWindow::showStart);
-    connect(opening, &OpeningPage::backRequested, this, &MainWindow::showStart);
+    connect(opening, &OpeningPage::cancelRequested, this, &MainWindow::goBack);
+    connect(opening, &OpeningPage::backRequested, this, &MainWindow::goBack);
     connect(opening, &OpeningPage::retryRequested, this, [this] {
         if (isPairing)
             pairAgain();
@@ -107,38 +108,77 @@ void MainWindow::fillRecentMenu()
     actions.recent->setEnabled(!actions.recent->isEmpty());
 }
 
+bool MainWindow::isRoomShown() const
+{
+    return room && stack->currentWidget() == room.data();
+}
+
 void MainWindow::updateActions()
 {
-    const bool isOpen = !room.isNull();
-    const bool isViewing = isOpen && room->isViewing();
+    const bool isOpen = isRoomShown();
     for (QAction *const action : {actions.exportSelected, actions.readAgain})
         action->setEnabled(isOpen);
-    actions.exportShown->setEnabled(isOpen && !isViewing);
+    actions.exportShown->setEnabled(isOpen && !room->isViewing());
     actions.choose->setEnabled(stack->currentWidget() != start);
+    updateBars();
+}
+
+void MainWindow::updateBars()
+{
+    const bool isOpen = isRoomShown();
+    const bool isViewing = isOpen && room->isViewing();
     actions.toolBar->setVisible(isOpen && !isViewing);
     statusBar()->setVisible(!isViewing);
+    menuBar()->setVisible(!isViewing || !isFullScreen());
 }
 
 void MainWindow::updateTitle()
 {
-    const LibraryRoom *const shown = room.data();
+    const LibraryRoom *const shown = isRoomShown() ? room.data() : nullptr;
     setWindowTitle(shown != nullptr ? shown->title() : QString());
+}
+
+void MainWindow::turnTo(QWidget *page)
+{
+    stack->setCurrentWidget(page);
+    updateActions();
+    updateTitle();
 }
 
 void MainWindow::showStart()
 {
     endOpening();
+    wantedClaim.reset();
     closeLibrary();
     claim.reset();
     status->clear();
-    stack->setCurrentWidget(start);
-    updateActions();
-    updateTitle();
+    turnTo(start);
+}
+
+void MainWindow::showRoom()
+{
+    endOpening();
+    wantedClaim.reset();
+    status->setText(roomStatus);
+    turnTo(room.data());
+}
+
+// From an opening that came to nothing.
+void MainWindow::goBack()
+{
+    if (room)
+        showRoom();
+    else
+        showStart();
 }
 
 void MainWindow::openDevice(const QString &argument)
 {
-    whenExportsMayEnd([this, argument] { startOpening(argument); });
+    whenExportsMayEnd([this, argument] {
+        if (room)
+            room->endExports();
+        startOpening(argument);
+    });
 }
 
 void MainWindow::setPassword(const QByteArray &given)
@@ -149,16 +189,13 @@ void MainWindow::setPassword(const QByteArray &given)
 void MainWindow::startOpening(const QString &argument)
 {
     endOpening();
-    closeLibrary();
     wanted = argument;
     isPairing = false;
     status->clear();
     opening->showProgress({});
-    stack->setCurrentWidget(opening);
+    turnTo(opening);
     opener = std::make_unique<Opener>(argument);
     connectOpener();
-    updateActions();
-    updateTitle();
     opener->start();
 }
 
@@ -171,22 +208,28 @@ void MainWindow::connectOpener()
     connect(opener.get(), &Opener::failed, this, &MainWindow::fail);
 }
 
-void MainWindow::claimDevice(const QString &device)
+void MainWindow::claimDevice(const QString &device, const QString &identity)
 {
-    if (!claim || claim->device() != device) {
-        claim.reset();
-        claim = DeviceClaim::take(device);
-    }
-    if (claim) {
-        connect(claim.get(), &DeviceClaim::raiseRequested, this, &MainWindow::comeToFront, Qt::UniqueConnection);
-        opener->proceed();
-        return;
-    }
+    wantedDevice = device;
+    if (wantedClaim && wantedClaim->identity() != identity)
+        wantedClaim.reset();
+    const bool isOurs = wantedClaim || (claim && claim->identity() == identity);
+    if (!isOurs)
+        wantedClaim = DeviceClaim::take(identity);
+    if (!isOurs && !wantedClaim)
+        return refuseTaken();
+    if (wantedClaim)
+        connect(wantedClaim.get(), &DeviceClaim::raiseRequested, this, &MainWindow::comeToFront, Qt::UniqueConnection);
+    opener->proceed();
+}
+
+void MainWindow::refuseTaken()
+{
     if (closesWhenTaken) {
         close();
         return;
     }
-    showStart();
+    goBack();
     status->setText(tr("This one is open in another window already."));
 }
 
@@ -194,15 +237,30 @@ void MainWindow::takeLibrary(const Opened &opened)
 {
     endOpening();
     closesWhenTaken = false;
-    room = new LibraryRoom(opened);
-    connect(room, &LibraryRoom::statusChanged, status, &QLabel::setText);
-    connect(room, &LibraryRoom::viewingChanged, this, &MainWindow::updateActions);
-    stack->addWidget(room);
-    stack->setCurrentWidget(room);
+    if (room && room->deviceName() == opened.library->deviceName())
+        room->renew(opened);
+    else
+        makeRoom(opened);
+    if (wantedClaim)
+        claim = std::move(wantedClaim);
     recent::add(room->deviceName(), room->title());
     fillRecentMenu();
-    updateActions();
-    updateTitle();
+    status->setText(roomStatus);
+    turnTo(room.data());
+}
+
+void MainWindow::makeRoom(const Opened &opened)
+{
+    closeLibrary();
+    room = new LibraryRoom(opened);
+    connect(room, &LibraryRoom::statusChanged, this, [this](const QString &text) {
+        roomStatus = text;
+        if (isRoomShown())
+            status->setText(text);
+    });
+    connect(room, &LibraryRoom::viewingChanged, this, &MainWindow::updateActions);
+    connect(room, &LibraryRoom::passwordNeeded, this, [this] { startOpening(room->deviceName()); });
+    stack->addWidget(room);
 }
 
 void MainWindow::askForPassword(bool wasWrong)
@@ -233,13 +291,14 @@ void MainWindow::fail(const OpeningFailure &failure)
 
 void MainWindow::pairAgain()
 {
-    const QString udid = claim ? claim->device().section(QLatin1Char(':'), 1) : QString();
+    const QString udid = wantedDevice.section(QLatin1Char(':'), 1);
+    endOpening();
     isPairing = true;
     opening->showPairing();
     inBackground<QString>(
         opening, [udid] { return devicehost::pairUsbDevice(udid); },
-        [this](const QString &problem) {
-            if (opener || stack->currentWidget() != opening)
+        [this, asked = attempt](const QString &problem) {
+            if (asked != attempt)
                 return; // somebody went on to something else
             if (problem.isEmpty())
                 startOpening(wanted);
@@ -250,6 +309,7 @@ void MainWindow::pairAgain()
 
 void MainWindow::endOpening()
 {
+    ++attempt;
     if (!opener)
         return;
     opener->cancel();
@@ -259,6 +319,7 @@ void MainWindow::endOpening()
 void MainWindow::closeLibrary()
 {
     delete room.data();
+    roomStatus.clear();
 }
 
 void MainWindow::whenExportsMayEnd(const std::function<void()> &then)
@@ -322,6 +383,11 @@ void MainWindow::closeEvent(QCloseEvent *event)
         });
         return;
     }
+    endOpening();
+    if (room)
+        room->endExports();
+    claim.reset(); // another window may have the device at once
+    wantedClaim.reset();
     saveWindow();
     QMainWindow::closeEvent(event);
 }
@@ -329,15 +395,17 @@ void MainWindow::closeEvent(QCloseEvent *event)
 void MainWindow::changeEvent(QEvent *event)
 {
     QMainWindow::changeEvent(event);
-    if (event->type() == QEvent::WindowStateChange)
-        actions.fullScreen->setChecked(isFullScreen());
+    if (event->type() != QEvent::WindowStateChange)
+        return;
+    actions.fullScreen->setChecked(isFullScreen());
+    updateBars();
 }
 
 namespace
 {
 
-// The one folder that is dragged; empty when it is something else.
-QString draggedFolder(const QMimeData *data)
+// The one thing that is dragged, which may be a folder; empty when there are more.
+QString draggedPath(const QMimeData *data)
 {
     const QList<QUrl> urls = data->urls();
     return urls.size() == 1 && urls.front().isLocalFile() ? urls.front().toLocalFile() : QString();
@@ -347,17 +415,22 @@ QString draggedFolder(const QMimeData *data)
 
 void MainWindow::dragEnterEvent(QDragEnterEvent *event)
 {
-    if (event->source() == nullptr && !draggedFolder(event->mimeData()).isEmpty())
+    if (event->source() == nullptr && !draggedPath(event->mimeData()).isEmpty())
         event->acceptProposedAction();
 }
 
 void MainWindow::dropEvent(QDropEvent *event)
 {
-    const QString folder = draggedFolder(event->mimeData());
+    const QString folder = draggedPath(event->mimeData());
     if (folder.isEmpty())
         return;
     event->acceptProposedAction();
-    openDevice(folder);
+    inBackground<bool>(
+        this, [folder] { return QFileInfo(folder).isDir(); },
+        [this, folder](bool isFolder) {
+            if (isFolder)
+                openDevice(folder);
+        });
 }
 
 } // namespace browser

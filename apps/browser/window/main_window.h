@@ -34,7 +34,8 @@ public:
     explicit MainWindow(WindowKeeper &keeper);
     ~MainWindow() override;
 
-    /// `argument` is what resolveDevice() takes. What is open in this window closes; a running export is asked about.
+    /// `argument` is what resolveDevice() takes. What is open in this window closes once the other device is open; a
+    /// running export is asked about at once.
     void openDevice(const QString &argument);
     /// For the next opening: the password of an encrypted backup, and whether this window closes when another one has
     /// the device.
@@ -55,11 +56,18 @@ private:
     void fillRecentMenu();
     void updateActions();
     void updateTitle();
+    void updateBars();
+    bool isRoomShown() const;
+    void turnTo(QWidget *page);
     void showStart();
+    void showRoom();
+    void goBack();
     void startOpening(const QString &argument);
     void connectOpener();
-    void claimDevice(const QString &device);
+    void claimDevice(const QString &device, const QString &identity);
+    void refuseTaken();
     void takeLibrary(const Opened &opened);
+    void makeRoom(const Opened &opened);
     void askForPassword(bool wasWrong);
     void fail(const OpeningFailure &failure);
     void pairAgain();
@@ -81,10 +89,14 @@ private:
     QPointer<LogWindow> logWindow;
     QPointer<QMessageBox> question;
     std::unique_ptr<Opener> opener;
-    std::unique_ptr<DeviceClaim> claim;
-    QString wanted; ///< what is being opened
+    std::unique_ptr<DeviceClaim> claim;       ///< on what is open
+    std::unique_ptr<DeviceClaim> wantedClaim; ///< on what is being opened, unless it is the same
+    QString wanted;                           ///< what is being opened
+    QString wantedDevice;                     ///< its name with a scheme, once it is known
+    QString roomStatus;                       ///< what the room has said last
     QByteArray password;
     bool isPairing = false; ///< trying again means to pair again, until that succeeds
+    int attempt = 0;        ///< number of the opening or pairing that counts
     bool closesWhenTaken = false;
     bool mayEndExports = false;
 };

@@ -36,6 +36,7 @@ private:
         auto *const action = new QAction(icon, text, &window);
         action->setObjectName(name);
         action->setShortcut(shortcut);
+        window.addAction(action); // for its keys while the menu bar is hidden
         return action;
     }
 

@@ -1,6 +1,9 @@
 #include "apps/browser/window/window_keeper.h"
 
+#include "apps/browser/exporting/export_window.h"
 #include "apps/browser/window/main_window.h"
+
+#include <QApplication>
 
 namespace browser
 {
@@ -12,6 +15,11 @@ WindowKeeper::~WindowKeeper()
     const QVector<QPointer<MainWindow>> left = windows;
     for (const QPointer<MainWindow> &window : left)
         delete window.data();
+    QVector<ExportWindow *> ending;
+    for (QWidget *const window : QApplication::topLevelWidgets())
+        if (auto *const exporting = qobject_cast<ExportWindow *>(window))
+            ending += exporting;
+    qDeleteAll(ending);
 }
 
 MainWindow *WindowKeeper::open()

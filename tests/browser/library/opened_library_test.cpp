@@ -1,6 +1,8 @@
 #include "tests/browser/support/opened_folder.h"
 #include "tests/cli/sample/sample_folder.h"
 
+#include <QDir>
+
 #include <gtest/gtest.h>
 
 namespace
@@ -49,6 +51,16 @@ TEST_F(OpenedSample, ReadsNothingMoreOnceStopped)
     EXPECT_FALSE(library->file(id).has_value());
     EXPECT_TRUE(library->thumbnail(id).isEmpty());
     EXPECT_TRUE(library->item(id).has_value());
+}
+
+TEST_F(OpenedSample, IsNotThereOnceItsMountIsEmpty)
+{
+    ASSERT_NE(library, nullptr);
+    EXPECT_TRUE(library->isAvailable());
+    const QString photos = folder->path(QStringLiteral("PhotoData"));
+    ASSERT_TRUE(QDir().rename(photos, photos + QStringLiteral(".away")));
+    EXPECT_FALSE(library->isAvailable());
+    ASSERT_TRUE(QDir().rename(photos + QStringLiteral(".away"), photos));
 }
 
 TEST_F(OpenedSample, IsFreedByTheTimeThatWaitingForItEnds)

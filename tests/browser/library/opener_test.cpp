@@ -2,6 +2,7 @@
 
 #include "apps/browser/library/background.h"
 #include "apps/browser/library/log_notes.h"
+#include "apps/browser/library/opening_attempt.h"
 #include "devicehost/log_sink.h"
 #include "testing/backup_builder.h"
 #include "testing/library_builder.h"
@@ -13,6 +14,8 @@
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
+
+#include <thread>
 
 namespace
 {
@@ -39,6 +42,7 @@ protected:
     }
     ~OpenerTest() override
     {
+        EXPECT_TRUE(browser::waitForBackground(std::chrono::minutes(1)));
         devicehost::setLogListener({});
         qunsetenv("TMPDIR");
     }
@@ -166,6 +170,63 @@ TEST_F(OpenerTest, AsksForTheRightPasswordOfABackup)
 
     QDir(backup.path()).remove(QStringLiteral("Manifest.db"));
     EXPECT_EQ(failureOf(backup.path()), FailureKind::BackupDamaged);
+}
+
+TEST_F(OpenerTest, TakesOneStepAfterTheOther)
+{
+    browser::Opener receiver(folder->root());
+    QStringList told;
+    QObject::connect(&receiver, &browser::Opener::progressed, &receiver, [&told](const browser::OpeningProgress &now) {
+        if (now.stage == Stage::Connecting)
+            told += QStringLiteral("begun");
+    });
+    QObject::connect(&receiver, &browser::Opener::opened, &receiver, [&told] { told += QStringLiteral("ended"); });
+    browser::OpeningAttempt attempt(&receiver, folder->root());
+    attempt.run(&browser::OpeningAttempt::find);
+    std::thread one([&attempt] { attempt.run(&browser::OpeningAttempt::open); });
+    std::thread other([&attempt] { attempt.run(&browser::OpeningAttempt::open); });
+    one.join();
+    other.join();
+    EXPECT_TRUE(comesTrueSoon([&told] { return told.count(QStringLiteral("ended")) == 2; }));
+    EXPECT_EQ(told.join(QLatin1Char(' ')).toStdString(), "begun ended begun ended");
+    browser::waitForRetired();
+}
+
+// Each answer may be followed by the next step before the step that gave it has ended.
+TEST_F(OpenerTest, GoesOnAtOnceWhenItIsAnswered)
+{
+    testkit::BackupOptions options;
+    options.password = "sea and sand";
+    testkit::BackupBuilder backup(device.filePath(QStringLiteral("backup")), options);
+    backup.addTree(folder->root());
+    backup.write();
+    for (int pass = 0; pass < 5; ++pass) {
+        Opening opening(backup.path());
+        bool answered = false;
+        QObject::connect(&opening.opener, &browser::Opener::passwordNeeded, &opening.opener, [&](bool wasWrong) {
+            opening.passwordAsked.reset();
+            answered = !wasWrong;
+            opening.opener.setPassword("sea and sand");
+            opening.opener.proceed();
+        });
+        ASSERT_TRUE(opening.ends());
+        EXPECT_TRUE(answered);
+        EXPECT_TRUE(opening.opened.has_value());
+    }
+}
+
+TEST_F(OpenerTest, SaysThatABackupWasInterrupted)
+{
+    testkit::BackupOptions options;
+    options.snapshotState = "new";
+    testkit::BackupBuilder backup(device.filePath(QStringLiteral("backup")), options);
+    backup.addTree(folder->root());
+    backup.write();
+    Opening opening(backup.path());
+    ASSERT_TRUE(opening.ends());
+    ASSERT_TRUE(opening.opened.has_value());
+    EXPECT_EQ(opening.opened->shortcoming, Shortcoming::UnfinishedBackup);
+    EXPECT_TRUE(opening.opened->technical.contains(QStringLiteral("interrupted")));
 }
 
 TEST_F(OpenerTest, SaysThatThereAreSeveralBackups)

@@ -4,6 +4,7 @@
 
 #include "apps/browser/exporting/export_job.h"
 #include "apps/browser/exporting/export_window.h"
+#include "apps/browser/page/library_page.h"
 #include "tests/cli/sample/sample_folder.h"
 
 #include <QAction>
@@ -17,6 +18,7 @@ namespace
 {
 
 using browser::ExportWindow;
+using browser::LibraryPage;
 using browser::MainWindow;
 
 class ExportQuestion : public WindowTest
@@ -36,17 +38,27 @@ protected:
         MainWindow *const window = openWindow();
         window->openDevice(phone().root());
         EXPECT_NE(waitForShown<QWidget>(window, "libraryRoom"), nullptr);
+        openExport(window);
+        exporting->findChild<browser::ExportJob *>()->pause(); // before it begins, so that it copies nothing
+        startExport();
+        EXPECT_TRUE(exporting->isRunning());
+        return window;
+    }
+
+    void openExport(MainWindow *window)
+    {
         window->findChild<QAction *>(QStringLiteral("exportShownAction"))->trigger();
         exporting = window->findChild<ExportWindow *>();
         exporting->findChild<QComboBox *>(QStringLiteral("destinationBox"))->setEditText(target());
+    }
+
+    void startExport()
+    {
         auto *const next = exporting->findChild<QPushButton *>(QStringLiteral("nextButton"));
         EXPECT_TRUE(comesTrueSoon([next] { return next->isEnabled(); }));
         next->click();
         EXPECT_NE(waitForShown<QPushButton>(exporting, "backButton"), nullptr);
-        exporting->findChild<browser::ExportJob *>()->pause(); // before it begins, so that it copies nothing
         next->click();
-        EXPECT_TRUE(exporting->isRunning());
-        return window;
     }
 
     bool isAsking(MainWindow *window) const { return shown<QWidget>(window, "exportQuestion") != nullptr; }
@@ -104,8 +116,11 @@ TEST_F(ExportQuestion, EndsTheExportAndClosesWhenAskedTo)
     window->close();
     ASSERT_TRUE(isAsking(window));
     stopButton(window)->click();
+    EXPECT_FALSE(isSeen(window));
+    ASSERT_FALSE(exporting.isNull()) << "it was waited for";
+    EXPECT_FALSE(isSeen(exporting));
     EXPECT_TRUE(comesTrueSoon([&] { return window.isNull(); }));
-    EXPECT_TRUE(exporting.isNull());
+    EXPECT_TRUE(comesTrueSoon([this] { return exporting.isNull(); }));
     EXPECT_EQ(exportedFiles(), 0) << "it went on after it was ended";
 }
 
@@ -117,8 +132,39 @@ TEST_F(ExportQuestion, AsksBeforeAnotherPhoneIsChosen)
     ASSERT_TRUE(isAsking(window));
     EXPECT_NE(shown<QWidget>(window, "libraryRoom"), nullptr);
     stopButton(window)->click();
-    EXPECT_TRUE(comesTrueSoon([&] { return shown<QWidget>(window, "startPage") != nullptr; }));
+    EXPECT_NE(shown<QWidget>(window, "startPage"), nullptr);
+    ASSERT_FALSE(exporting.isNull()) << "it was waited for";
+    EXPECT_FALSE(isSeen(exporting));
+    EXPECT_TRUE(comesTrueSoon([this] { return exporting.isNull(); }));
+    EXPECT_LT(exportedFiles(), 100) << "it went on after it was ended";
+}
+
+// The program may end before the export has: it is waited for then.
+TEST_F(ExportQuestion, EndsTheExportWithTheLastWindow)
+{
+    MainWindow *const window = openExporting();
+    window->close();
+    ASSERT_TRUE(isAsking(window));
+    stopButton(window)->click();
+    ASSERT_FALSE(exporting.isNull());
+    keeper.reset();
     EXPECT_TRUE(exporting.isNull());
+}
+
+TEST_F(ExportQuestion, ExportsFromWhatWasShownBeforeThePhoneWasReadAgain)
+{
+    MainWindow *const window = openWindow();
+    window->openDevice(phone().root());
+    ASSERT_NE(waitForShown<QWidget>(window, "libraryRoom"), nullptr);
+    openExport(window);
+    const QPointer<LibraryPage> before = window->findChild<LibraryPage *>();
+    window->findChild<QAction *>(QStringLiteral("readAgainAction"))->trigger();
+    ASSERT_TRUE(comesTrueSoon([&] { return !isSeen(before); }));
+    startExport();
+    EXPECT_TRUE(comesTrueSoon([this] { return shown<QPushButton>(exporting, "folderButton") != nullptr; }));
+    EXPECT_GT(exportedFiles(), 100);
+    exporting->close();
+    EXPECT_TRUE(comesTrueSoon([&] { return before.isNull(); })) << "nobody needs it any more";
 }
 
 } // namespace

@@ -199,6 +199,30 @@ TEST_F(WindowTest, StaysUsableWhenTheDeviceGoesAndOpensItAgain)
     EXPECT_TRUE(comesTrueSoon([&] { return shown<QWidget>(window, "noticeBar") == nullptr; }));
 }
 
+TEST_F(WindowTest, NoticesByItselfThatAMountIsEmptyNow)
+{
+    const QString root = copyOfSample(QStringLiteral("phone"));
+    MainWindow *const window = openWindow();
+    window->openDevice(root);
+    ASSERT_NE(waitForShown<QWidget>(window, "libraryRoom"), nullptr);
+    ASSERT_TRUE(QDir(root).removeRecursively() && QDir().mkdir(root));
+    ASSERT_NE(waitForShown<QWidget>(window, "noticeBar"), nullptr);
+    EXPECT_TRUE(textOf(window, "noticeText").startsWith(QStringLiteral("The phone is no longer connected.")));
+}
+
+TEST_F(WindowTest, SaysThatABackupWasInterrupted)
+{
+    testkit::BackupOptions options;
+    options.snapshotState = "new";
+    testkit::BackupBuilder backup(place.filePath(QStringLiteral("backup")), options);
+    backup.addTree(sample->root());
+    backup.write();
+    MainWindow *const window = openWindow();
+    window->openDevice(backup.path());
+    ASSERT_NE(waitForShown<QWidget>(window, "noticeBar"), nullptr);
+    EXPECT_TRUE(textOf(window, "noticeText").startsWith(QStringLiteral("This backup was interrupted")));
+}
+
 TEST_F(WindowTest, SaysNothingWhenOnlyAPhotoCannotBeRead)
 {
     MainWindow *const window = openSample();

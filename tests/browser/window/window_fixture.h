@@ -25,6 +25,8 @@ protected:
     /// A window that shows the sample.
     browser::MainWindow *openSample();
 
+    static bool isSeen(const QWidget *widget) { return widget != nullptr && widget->isVisible(); }
+
     /// The widget of this name in the window, when people can see it.
     template <class Kind>
     static Kind *shown(QWidget *window, const char *name)
