@@ -77,6 +77,7 @@ void Viewer::connectBar()
     connect(bar->zoomOut, &QToolButton::clicked, view, &PictureView::zoomOut);
     connect(bar->fit, &QToolButton::clicked, view, &PictureView::fit);
     connect(bar->actualSize, &QToolButton::clicked, view, &PictureView::showActualSize);
+    connect(bar->original, &QToolButton::clicked, this, &Viewer::loadCurrent);
     connect(bar->playLive, &QToolButton::clicked, this, [this] { playCurrent(FilmPart::Live); });
     connect(bar->exportPhoto, &QToolButton::clicked, this,
             [this] { Q_EMIT exportRequested(QVector<qint64>(1, currentId())); });
@@ -139,11 +140,12 @@ void Viewer::showCurrent()
 
 void Viewer::describeCurrent()
 {
-    const QString date = item.dateCreated.isValid()
-                             ? QLocale().toString(item.dateCreated.toLocalTime(), QLocale::LongFormat)
-                             : tr("Unknown date");
+    date = item.dateCreated.isValid() ? QLocale().toString(item.dateCreated.toLocalTime(), QLocale::LongFormat)
+                                      : tr("Unknown date");
     bar->showPhoto(item.fileName, date, QString());
     bar->showPosition(index + 1, count());
+    bar->original->setChecked(false);
+    bar->original->setVisible(!film && item.hasAdjustments != 0);
     bar->playLive->setVisible(!film && item.kindSubtype == livePhotoKind);
     view->setAccessibleName(item.fileName);
     view->setAccessibleDescription(date);
@@ -153,7 +155,24 @@ void Viewer::describeCurrent()
 PictureRequest Viewer::requestFor(int at) const
 {
     const Photo *const photo = opened->snapshot().find(idAt(at));
-    return {idAt(at), at == index ? film : photo != nullptr && photo->kind == MediaKind::Video};
+    if (at != index)
+        return {idAt(at), photo != nullptr && photo->kind == MediaKind::Video};
+    return {idAt(at), film, bar->original->isChecked() ? PictureVersion::Original : PictureVersion::Latest};
+}
+
+void Viewer::toggleOriginal()
+{
+    if (!bar->original->isHidden())
+        bar->original->click();
+}
+
+QString Viewer::noteOn(const Picture &picture) const
+{
+    if (picture.edits == PictureEdits::Shown)
+        return tr("edited on the device");
+    if (picture.edits == PictureEdits::Hidden)
+        return tr("original; edited on the device");
+    return picture.isPreview ? tr("preview of a RAW photo") : QString();
 }
 
 void Viewer::loadCurrent()
@@ -163,8 +182,9 @@ void Viewer::loadCurrent()
     for (const int at : {index + 1, index - 1})
         if (at >= 0 && at < count())
             neighbours.append(requestFor(at));
-    const SharedPicture ready = loader->cached(currentId());
-    loader->load(requestFor(index), neighbours);
+    const PictureRequest current = requestFor(index);
+    const SharedPicture ready = loader->cached(current.id, current.version);
+    loader->load(current, neighbours);
     if (ready != nullptr && !film)
         showPicture(currentId(), ready);
     else
@@ -187,9 +207,9 @@ void Viewer::showPicture(qint64 id, const SharedPicture &picture)
         return;
     spinner->stop();
     if (picture->isGood()) {
+        const QString note = noteOn(*picture);
         view->setPicture(picture);
-        if (picture->isPreview)
-            bar->showPhoto(item.fileName, view->accessibleDescription(), tr("preview of a RAW photo"));
+        bar->showPhoto(item.fileName, date, note);
         return;
     }
     problem->showText(problemText(*picture, placeOfCurrent()), true);
@@ -343,6 +363,8 @@ void Viewer::keyPressEvent(QKeyEvent *event)
         playCurrent(FilmPart::Original);
     else if (!bar->playLive->isHidden() && key == Qt::Key_P)
         playCurrent(FilmPart::Live);
+    else if (!control && key == Qt::Key_O)
+        toggleOriginal();
     else if (control && key == Qt::Key_E)
         Q_EMIT exportRequested(QVector<qint64>(1, currentId()));
     else

@@ -64,6 +64,8 @@ private:
     void goTo(int index);
     void showCurrent();
     void describeCurrent();
+    void toggleOriginal();
+    QString noteOn(const Picture &picture) const;
     void loadCurrent();
     void showThumbnail(qint64 id, const QImage &thumbnail);
     void showPicture(qint64 id, const std::shared_ptr<const Picture> &picture);
@@ -86,6 +88,7 @@ private:
     int index = -1;    ///< of the current one; -1 for none
     photoItem item;    ///< of the current photo
     bool film = false; ///< whether the current photo is a video
+    QString date;      ///< of the current photo, as it is shown
 
     ViewerBar *const bar;
     PictureView *const view;

@@ -37,6 +37,7 @@ ViewerBar::ViewerBar(QWidget *parent)
       zoomIn(makeButton(ViewerGlyph::ZoomIn, "zoomInButton", tr("Larger"), keyText(Qt::Key_Plus))),
       fit(makeButton(ViewerGlyph::Fit, "fitButton", tr("Fit into the window"), keyText(Qt::Key_0))),
       actualSize(makeButton(ViewerGlyph::ActualSize, "actualSizeButton", tr("Actual size"), keyText(Qt::Key_1))),
+      original(makeButton(ViewerGlyph::Compare, "originalButton", tr("Show the original"), keyText(Qt::Key_O))),
       playLive(makeButton(ViewerGlyph::Play, "playLiveButton", tr("Play the Live Photo"), keyText(Qt::Key_P))),
       exportPhoto(makeButton(ViewerGlyph::Export, "exportButton", tr("Export…"),
                              QKeySequence(Qt::CTRL | Qt::Key_E).toString(QKeySequence::NativeText))),
@@ -51,6 +52,8 @@ ViewerBar::ViewerBar(QWidget *parent)
     details->setForegroundRole(QPalette::WindowText);
     zoomText->setAlignment(Qt::AlignCenter);
     zoomText->setMinimumWidth(fontMetrics().horizontalAdvance(QStringLiteral("1600 %")));
+    original->setCheckable(true);
+    original->hide();
     playLive->hide();
     arrange();
 }
@@ -92,6 +95,7 @@ void ViewerBar::arrange()
     row->addWidget(fit);
     row->addWidget(actualSize);
     row->addSpacing(12);
+    row->addWidget(original);
     row->addWidget(playLive);
     row->addWidget(exportPhoto);
     row->addWidget(fullScreen);

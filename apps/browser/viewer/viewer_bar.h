@@ -32,6 +32,7 @@ public:
     QToolButton *const zoomIn;
     QToolButton *const fit;
     QToolButton *const actualSize;
+    QToolButton *const original; ///< checked: shown as it was before it was edited
     QToolButton *const playLive;
     QToolButton *const exportPhoto;
     QToolButton *const fullScreen;
