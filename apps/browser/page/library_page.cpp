@@ -262,15 +262,26 @@ void LibraryPage::showMenu(const QPoint &globalPosition)
     menu->setObjectName(QStringLiteral("photoMenu"));
     menu->setAttribute(Qt::WA_DeleteOnClose);
     QAction *open = menu->addAction(tr("&Open"));
-    const int row = grid->currentIndex().row();
-    open->setEnabled(row >= 0);
-    connect(open, &QAction::triggered, this, [this, row] { Q_EMIT photosActivated(model->ids(), row); });
+    const QModelIndex current = grid->currentIndex();
+    open->setEnabled(current.isValid());
+    const qint64 id = current.isValid() ? model->idAt(current.row()) : 0;
+    connect(open, &QAction::triggered, this, [this, id] { openPhoto(id); });
     menu->setDefaultAction(open);
     menu->addAction(exportAction);
     menu->addSeparator();
     menu->addAction(copyAction);
     menu->addAction(factsAction);
     menu->popup(globalPosition);
+}
+
+// A search may have ended since the menu was opened.
+void LibraryPage::openPhoto(qint64 id)
+{
+    const int row = model->rowOf(id);
+    if (row >= 0)
+        Q_EMIT photosActivated(model->ids(), row);
+    else
+        Q_EMIT photosActivated({id}, 0);
 }
 
 void LibraryPage::startDrag()

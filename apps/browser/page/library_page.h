@@ -73,6 +73,7 @@ private:
     void updateStatus();
     void updateFacts();
     void showFacts(bool shown);
+    void openPhoto(qint64 id);
     void showMenu(const QPoint &globalPosition);
     void startDrag();
     void exportSelected();

@@ -48,6 +48,7 @@ void PhotoGrid::show(const std::shared_ptr<const PhotoList> &list, bool keep)
     band.reset();
     pressed = hovered = hoveredHeading = -1;
     photos.setPhotos(list);
+    chosen.assign(static_cast<std::size_t>(photos.rowCount()), false);
     doItemsLayout();
     anchor = photos.rowOf(anchored);
     const int row = photos.rowOf(current);
@@ -201,6 +202,8 @@ void PhotoGrid::takeThumbnails(const QVector<LoadedThumbnail> &thumbnails)
     const int side = pixelsOfCell();
     bool isStale = false;
     for (const LoadedThumbnail &thumbnail : thumbnails) {
+        if (thumbnail.failed)
+            continue; // asked for again when it is wanted again
         cache.insert(thumbnail);
         isStale = isStale || thumbnail.side != side;
         const int row = photos.rowOf(thumbnail.id);
@@ -214,13 +217,10 @@ void PhotoGrid::takeThumbnails(const QVector<LoadedThumbnail> &thumbnails)
 QVector<int> PhotoGrid::selectedRows() const
 {
     QVector<int> rows;
-    const QItemSelection ranges = selectionModel()->selection();
-    for (const QItemSelectionRange &range : ranges) {
-        for (int row = range.top(); row <= range.bottom(); ++row)
+    for (int row = 0; row < photos.rowCount(); ++row) {
+        if (isChosen(row))
             rows += row;
     }
-    std::sort(rows.begin(), rows.end());
-    rows.erase(std::unique(rows.begin(), rows.end()), rows.end());
     return rows;
 }
 
@@ -236,9 +236,13 @@ QVector<qint64> PhotoGrid::selectedIds() const
 
 void PhotoGrid::makeCurrent(int row)
 {
+    const QVector<int> rows = selectedRows();
+    const bool keep = rows.size() > 1 || rows.contains(row);
     anchor = row;
-    selectionModel()->setCurrentIndex(photos.index(row), QItemSelectionModel::ClearAndSelect);
+    selectionModel()->setCurrentIndex(photos.index(row),
+                                      keep ? QItemSelectionModel::NoUpdate : QItemSelectionModel::ClearAndSelect);
     scrollTo(photos.index(row));
+    viewport()->update();
 }
 
 void PhotoGrid::selectIds(const QVector<qint64> &ids)
@@ -250,15 +254,35 @@ void PhotoGrid::selectIds(const QVector<qint64> &ids)
             rows += row;
     }
     std::sort(rows.begin(), rows.end());
+    selectRows(rows);
+}
+
+// Cleared first: the selection model takes the square of the number of ranges to compare two selections.
+void PhotoGrid::selectRows(const QVector<int> &ascending)
+{
     QItemSelection selection;
-    for (int begin = 0; begin < rows.size();) {
+    for (int begin = 0; begin < ascending.size();) {
         int end = begin + 1;
-        while (end < rows.size() && rows[end] == rows[end - 1] + 1)
+        while (end < ascending.size() && ascending[end] == ascending[end - 1] + 1)
             ++end;
-        selection.append(QItemSelectionRange(photos.index(rows[begin]), photos.index(rows[end - 1])));
+        selection.append(QItemSelectionRange(photos.index(ascending[begin]), photos.index(ascending[end - 1])));
         begin = end;
     }
-    selectionModel()->select(selection, QItemSelectionModel::ClearAndSelect);
+    selectionModel()->clearSelection();
+    selectionModel()->select(selection, QItemSelectionModel::Select);
+}
+
+void PhotoGrid::selectionChanged(const QItemSelection &selected, const QItemSelection &deselected)
+{
+    const auto mark = [this](const QItemSelection &ranges, bool value) {
+        for (const QItemSelectionRange &range : ranges) {
+            for (int row = range.top(); row <= range.bottom() && row < static_cast<int>(chosen.size()); ++row)
+                chosen[static_cast<std::size_t>(row)] = value;
+        }
+    };
+    mark(deselected, false);
+    mark(selected, true);
+    QListView::selectionChanged(selected, deselected);
 }
 
 void PhotoGrid::selectSection(int section)
@@ -273,11 +297,7 @@ void PhotoGrid::selectSection(int section)
 bool PhotoGrid::isSectionSelected(int section) const
 {
     const auto [first, behind] = places.range(section);
-    const QItemSelection ranges = selectionModel()->selection();
-    int selected = 0;
-    for (const QItemSelectionRange &range : ranges)
-        selected += std::max(0, std::min(behind - 1, range.bottom()) - std::max(first, range.top()) + 1);
-    return selected == behind - first;
+    return std::find(chosen.begin() + first, chosen.begin() + behind, false) == chosen.begin() + behind;
 }
 
 void PhotoGrid::selectRange(int from, int to, QItemSelectionModel::SelectionFlags command)

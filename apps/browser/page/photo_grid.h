@@ -2,6 +2,7 @@
 #define APPS_BROWSER_PAGE_PHOTO_GRID_H
 
 #include "apps/browser/page/cell_painter.h"
+#include "apps/browser/page/grid_band.h"
 #include "apps/browser/page/grid_layout.h"
 #include "apps/browser/page/photo_model.h"
 #include "apps/browser/page/thumbnail_cache.h"
@@ -12,6 +13,7 @@
 #include <QTimer>
 
 #include <optional>
+#include <vector>
 
 namespace browser
 {
@@ -40,6 +42,7 @@ public:
     /// In the order of the grid.
     QVector<qint64> selectedIds() const;
     QVector<int> selectedRows() const;
+    /// Scrolls there. Several selected photos stay so; else this one is selected.
     void makeCurrent(int row);
     void selectSection(int section);
     /// Positions of the photos on the screen: the first one, and the one behind the last.
@@ -58,7 +61,7 @@ public:
 
 Q_SIGNALS:
     void photoActivated(int row);
-    /// For the selected photos.
+    /// For the selected photos, one of which is the current one when the mouse asked for it.
     void menuRequested(const QPoint &globalPosition);
     void dragRequested();
     void cellSizeChanged(int side);
@@ -68,6 +71,7 @@ protected:
     int horizontalOffset() const override { return 0; }
     int verticalOffset() const override;
     void setSelection(const QRect &rectangle, QItemSelectionModel::SelectionFlags command) override;
+    void selectionChanged(const QItemSelection &selected, const QItemSelection &deselected) override;
     QRegion visualRegionForSelection(const QItemSelection &selection) const override;
     bool isIndexHidden(const QModelIndex &) const override { return false; }
 
@@ -86,13 +90,6 @@ protected:
     void keyPressEvent(QKeyEvent *event) override;
 
 private:
-    struct Band {
-        QPoint origin; ///< of the contents
-        QPoint end;
-        QItemSelection before;
-        QItemSelectionModel::SelectionFlags command;
-    };
-
     QPoint contents(const QPoint &point) const { return point + QPoint(0, verticalOffset()); }
     void requestThumbnails();
     void takeThumbnails(const QVector<LoadedThumbnail> &thumbnails);
@@ -102,6 +99,8 @@ private:
     QRect headingRect(int section) const;
     int headingAt(const QPoint &point) const;
     bool isSectionSelected(int section) const;
+    bool isChosen(int row) const { return chosen[static_cast<std::size_t>(row)]; }
+    bool looksChosen(int row) const;
     void paintCells(QPainter &painter, const QRect &dirty);
     void paintHeading(QPainter &painter, int section);
     void paintHeadings(QPainter &painter);
@@ -109,9 +108,11 @@ private:
     void paintScrollLabel(QPainter &painter);
     CellPainter &cellPainter();
 
+    void pressForMenu(int row);
     void pressCell(int row, const QMouseEvent &event);
     void startBand(const QMouseEvent &event);
     void updateBand(const QPoint &position);
+    void endBand();
     void scrollWithBand();
     void hover(const QPoint &position);
     bool moveByKey(const QKeyEvent &event);
@@ -120,6 +121,7 @@ private:
     void goTo(int row, Qt::KeyboardModifiers modifiers);
     void selectRange(int from, int to, QItemSelectionModel::SelectionFlags command);
     void selectIds(const QVector<qint64> &ids);
+    void selectRows(const QVector<int> &ascending);
 
     PhotoModel &photos;
     ThumbnailLoader &loader;
@@ -127,13 +129,14 @@ private:
     GridLayout places;
     GridMetrics metrics;
     std::optional<CellPainter> painterOfCells; ///< made anew for other colours and fonts
+    std::vector<bool> chosen;                  ///< by row what the selection model holds, which is slow to ask
     int anchor = -1;                           ///< where a range that Shift extends begins
     int pressed = -1;                          ///< a cell that the mouse went down on
     bool selectOnRelease = false;
     QPoint pressedAt;
     int hovered = -1;
     int hoveredHeading = -1;
-    std::optional<Band> band;
+    std::optional<GridBand> band;
     QTimer bandScrolling;
     QTimer scrollLabel; ///< runs while the month is shown beside the scroll bar
     QString typed;      ///< the beginning of a name

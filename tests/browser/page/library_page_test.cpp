@@ -195,6 +195,26 @@ TEST_F(Page, ABandSelectsWhatItTouches)
     EXPECT_TRUE(page->selectedPhotos().isEmpty());
 }
 
+TEST_F(Page, ABandShowsWhatItTouchesAndSelectsItOnceWhenItEnds)
+{
+    QSignalSpy changes(grid->selectionModel(), &QItemSelectionModel::selectionChanged);
+    const QRect first = grid->visualRect(grid->model()->index(0, 0));
+    const QPoint from(first.left() - 6, first.top() + 10);
+    const qint64 id = page->shownPhotos().first();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return grid->thumbnails().find(id) != nullptr; }, patience));
+    const QPixmap before = grid->viewport()->grab(first);
+    QTest::mousePress(grid->viewport(), Qt::LeftButton, Qt::NoModifier, from);
+    for (int x = first.left(); x < grid->viewport()->width() - 20; x += 10) {
+        QMouseEvent move(QEvent::MouseMove, QPoint(x, first.bottom() + 200), Qt::NoButton, Qt::LeftButton, {});
+        QCoreApplication::sendEvent(grid->viewport(), &move);
+    }
+    EXPECT_EQ(changes.count(), 0);
+    EXPECT_NE(grid->viewport()->grab(first).toImage(), before.toImage());
+    QTest::mouseRelease(grid->viewport(), Qt::LeftButton, Qt::NoModifier, first.bottomRight() + QPoint(0, 200));
+    EXPECT_EQ(changes.count(), 1);
+    EXPECT_GT(page->selectedPhotos().size(), 3);
+}
+
 TEST_F(Page, KeysMoveAndExtendTheSelection)
 {
     const int columns = grid->arrangement().columns();
@@ -295,6 +315,42 @@ TEST_F(Page, ARightClickOpensTheMenuForThePhotoBelowIt)
     ASSERT_NE(menu, nullptr);
     EXPECT_TRUE(menu->actions().contains(page->findChild<QAction *>(QStringLiteral("exportAction"))));
     menu->close();
+}
+
+TEST_F(Page, TheMenuOpensThePhotoThatWasClickedAmongSelectedOnes)
+{
+    QSignalSpy activated(page.get(), &LibraryPage::photosActivated);
+    click(1);
+    click(4, Qt::ControlModifier);
+    const qint64 clicked = shown({1}).first();
+    QTest::mouseClick(grid->viewport(), Qt::RightButton, Qt::NoModifier, middleOf(1));
+    EXPECT_EQ(page->selectedPhotos(), shown({1, 4}));
+    QContextMenuEvent event(QContextMenuEvent::Mouse, middleOf(1), grid->viewport()->mapToGlobal(middleOf(1)));
+    QCoreApplication::sendEvent(grid->viewport(), &event);
+    auto *menu = child<QMenu>("photoMenu");
+    ASSERT_NE(menu, nullptr);
+    trigger("sortMenu", QStringLiteral("&First or smallest first")); // as a search that ends meanwhile
+    menu->defaultAction()->trigger();
+    menu->close();
+    ASSERT_EQ(activated.count(), 1);
+    const auto ids = activated[0][0].value<QVector<qint64>>();
+    EXPECT_EQ(ids, page->shownPhotos());
+    EXPECT_EQ(ids.value(activated[0][1].toInt()), clicked);
+}
+
+TEST_F(Page, GoingToAPhotoKeepsASelectionOfSeveral)
+{
+    click(1);
+    click(4, Qt::ControlModifier);
+    const QVector<qint64> selected = page->selectedPhotos();
+    page->setCurrentPhoto(selected.first());
+    EXPECT_EQ(page->selectedPhotos(), selected);
+    EXPECT_EQ(grid->currentIndex().row(), 1);
+    page->setCurrentPhoto(shown({6}).first());
+    EXPECT_EQ(page->selectedPhotos(), selected);
+    click(2);
+    page->setCurrentPhoto(shown({6}).first());
+    EXPECT_EQ(page->selectedPhotos(), shown({6}));
 }
 
 TEST_F(Page, SearchNarrowsWhatIsShownAndClearingShowsAllAgain)
@@ -421,9 +477,9 @@ TEST_F(Page, IsDestroyedWhileItsSourceHangs)
     other->resize(800, 600);
     other->show();
     ASSERT_TRUE(QTest::qWaitFor([&] { return !hanging->requests().isEmpty(); }, patience));
-    hanging->stop();
     other.reset();
-    EXPECT_EQ(hanging.use_count(), 1);
+    hanging->hold(false);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return hanging.use_count() == 1; }, patience));
 }
 
 TEST_F(Page, ASourceThatFailsLeavesThePageUsableAndIsTold)
@@ -436,6 +492,37 @@ TEST_F(Page, ASourceThatFailsLeavesThePageUsableAndIsTold)
     other.show();
     ASSERT_TRUE(QTest::qWaitFor([&] { return failing.count() == 1; }, patience));
     EXPECT_EQ(other.shownPhotos(), page->shownPhotos());
+}
+
+TEST_F(Page, AThumbnailThatFailedIsReadWhenItIsWantedAgain)
+{
+    const auto broken = std::make_shared<MadeThumbnails>();
+    broken->fail(true);
+    LibraryPage other(library, broken);
+    QSignalSpy failing(&other, &LibraryPage::readsFailing);
+    other.resize(1100, 800);
+    other.show();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return failing.count() > 0; }, patience));
+    auto *photos = other.findChild<PhotoGrid *>();
+    EXPECT_EQ(photos->thumbnails().count(), 0);
+    broken->fail(false);
+    photos->setCellSize(photos->cellSize() + 16);
+    const qint64 first = other.shownPhotos().first();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return photos->thumbnails().find(first) != nullptr; }, patience));
+    EXPECT_FALSE(photos->thumbnails().find(first)->square.isNull());
+}
+
+TEST_F(Page, OfAFolderThatTheDeviceLeftFailsToReadThumbnailsInsteadOfLackingThem)
+{
+    browser::LibraryThumbnails thumbnails(library);
+    const qint64 id = page->shownPhotos().first();
+    EXPECT_FALSE(thumbnails.thumbnail(id).bytes.isEmpty());
+    const QString parts = folder->path(QStringLiteral("PhotoData"));
+    ASSERT_TRUE(QFile::rename(parts, parts + QStringLiteral("-away")));
+    const browser::ThumbnailAnswer answer = thumbnails.thumbnail(id);
+    ASSERT_TRUE(QFile::rename(parts + QStringLiteral("-away"), parts));
+    EXPECT_TRUE(answer.bytes.isEmpty());
+    EXPECT_TRUE(answer.failed);
 }
 
 TEST_F(Page, EverythingThatTakesTheFocusHasANameForScreenReaders)

@@ -26,17 +26,19 @@ inline QImage plainPicture(int width, int height, const QColor &color)
     return image;
 }
 
-/// Gives the same picture for every photo, and remembers what was asked for. Can be made to hang or to fail.
+/// Gives the same picture for every photo, and remembers what was asked for. Can be made to hang, to fail, or to have
+/// none.
 class MadeThumbnails : public browser::ThumbnailSource
 {
 public:
-    QByteArray thumbnail(qint64 id) override
+    browser::ThumbnailAnswer thumbnail(qint64 id) override
     {
         std::unique_lock<std::mutex> lock(mutex);
         asked += id;
         changed.notify_all();
         changed.wait(lock, [this] { return !held || stopped; });
-        return failing || stopped ? QByteArray() : bytes;
+        const bool none = failing || lacking || stopped;
+        return {none ? QByteArray() : bytes, failing || stopped};
     }
 
     bool lacksOriginal(qint64 id) override { return id == away; }
@@ -51,6 +53,7 @@ public:
 
     void hold(bool on) { set(held, on); }
     void fail(bool on) { set(failing, on); }
+    void lack(bool on) { set(lacking, on); }
     void stop() { set(stopped, true); }
 
     QVector<qint64> requests() const
@@ -73,6 +76,7 @@ private:
     QVector<qint64> asked;
     bool held = false;
     bool failing = false;
+    bool lacking = false;
     bool stopped = false;
 };
 
