@@ -78,6 +78,7 @@ private:
     void startDrag();
     void exportSelected();
     void copyNames();
+    void noteLacking(qint64 id);
 
     const std::shared_ptr<OpenedLibrary> opened;
     PhotoModel *model;
@@ -96,7 +97,8 @@ private:
     QAction *factsAction = nullptr;
     QTimer statusPause; ///< one text for many changes
     QTimer factsPause;
-    qint64 awaited = 0; ///< to become the current photo once it is found
+    QTimer lackingPause; ///< before photos that turned out not to be on the device are left out
+    qint64 awaited = 0;  ///< to become the current photo once it is found
 };
 
 } // namespace browser

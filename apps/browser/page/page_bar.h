@@ -28,6 +28,8 @@ public:
     /// Without text and filters; the order stays.
     void clear();
     void focusSearch();
+    /// Title of the collection that is searched; empty for all photos.
+    void setPlace(const QString &title);
 
     void setCellSize(int side);
     void setFactsShown(bool shown);

@@ -44,6 +44,7 @@ void PhotoGrid::show(const std::shared_ptr<const PhotoList> &list, bool keep)
 {
     const QVector<qint64> selected = keep ? selectedIds() : QVector<qint64>();
     const qint64 current = keep && currentIndex().isValid() ? photos.idAt(currentIndex().row()) : 0;
+    const std::vector<Fixed> fixed = keep && isAskedAgain(list->query) ? visiblePhotos() : std::vector<Fixed>();
     const qint64 anchored = keep && anchor >= 0 ? photos.idAt(anchor) : 0;
     band.reset();
     pressed = hovered = hoveredHeading = -1;
@@ -55,11 +56,29 @@ void PhotoGrid::show(const std::shared_ptr<const PhotoList> &list, bool keep)
     if (row >= 0)
         selectionModel()->setCurrentIndex(photos.index(row), QItemSelectionModel::NoUpdate);
     selectIds(selected);
-    if (row >= 0)
+    const auto still =
+        std::find_if(fixed.begin(), fixed.end(), [this](const Fixed &one) { return photos.rowOf(one.id) >= 0; });
+    if (still != fixed.end())
+        verticalScrollBar()->setValue(places.cell(photos.rowOf(still->id)).top() - still->top);
+    else if (row >= 0)
         scrollTo(photos.index(row));
     else
         verticalScrollBar()->setValue(0);
     requestThumbnails();
+}
+
+bool PhotoGrid::isAskedAgain(const PhotoQuery &query) const
+{
+    return photos.photos() != nullptr && photos.photos()->query.asksLike(query);
+}
+
+std::vector<PhotoGrid::Fixed> PhotoGrid::visiblePhotos() const
+{
+    std::vector<Fixed> visible;
+    const auto [first, behind] = visibleRows();
+    for (int row = first; row < behind; ++row)
+        visible.push_back({photos.idAt(row), places.cell(row).top() - verticalOffset()});
+    return visible;
 }
 
 void PhotoGrid::setCellSize(int side)
@@ -205,6 +224,8 @@ void PhotoGrid::takeThumbnails(const QVector<LoadedThumbnail> &thumbnails)
         if (thumbnail.failed)
             continue; // asked for again when it is wanted again
         cache.insert(thumbnail);
+        if (thumbnail.lacksOriginal)
+            Q_EMIT originalLacking(thumbnail.id);
         isStale = isStale || thumbnail.side != side;
         const int row = photos.rowOf(thumbnail.id);
         if (row >= 0)

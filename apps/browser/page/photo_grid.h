@@ -32,7 +32,7 @@ public:
     PhotoGrid(PhotoModel &model, ThumbnailLoader &loader, QWidget *parent = nullptr);
 
     /// Replaces what is shown. With `keep` the selected photos and the current one stay so where they are still shown,
-    /// else the grid begins at its top.
+    /// and the same query's photos stay in their place; else the grid begins at its top.
     void show(const std::shared_ptr<const PhotoList> &list, bool keep);
 
     int cellSize() const { return metrics.cell; }
@@ -64,6 +64,8 @@ Q_SIGNALS:
     /// For the selected photos, one of which is the current one when the mouse asked for it.
     void menuRequested(const QPoint &globalPosition);
     void dragRequested();
+    /// The device said that it does not have the original.
+    void originalLacking(qint64 id);
     void cellSizeChanged(int side);
 
 protected:
@@ -90,6 +92,14 @@ protected:
     void keyPressEvent(QKeyEvent *event) override;
 
 private:
+    /// A photo on the screen.
+    struct Fixed {
+        qint64 id;
+        int top;
+    };
+
+    bool isAskedAgain(const PhotoQuery &query) const;
+    std::vector<Fixed> visiblePhotos() const;
     QPoint contents(const QPoint &point) const { return point + QPoint(0, verticalOffset()); }
     void requestThumbnails();
     void takeThumbnails(const QVector<LoadedThumbnail> &thumbnails);

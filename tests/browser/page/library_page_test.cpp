@@ -2,12 +2,14 @@
 
 #include "apps/browser/page/photo_grid.h"
 #include "apps/browser/page/side_bar.h"
+#include "apps/browser/page/texts.h"
 #include "tests/browser/page/made_thumbnails.h"
 #include "tests/browser/support/opened_folder.h"
 #include "tests/cli/sample/sample_folder.h"
 
 #include <QAction>
 #include <QClipboard>
+#include <QFileInfo>
 #include <QGuiApplication>
 #include <QLabel>
 #include <QLineEdit>
@@ -417,6 +419,100 @@ TEST_F(Page, FactsOfTheCurrentPhotoAreShownOnDemand)
     EXPECT_NEAR(copied[1].toDouble(), library->item(id)->longitude, 0.0001);
 }
 
+TEST_F(Page, TheSizeInTheFactsIsThatOfTheFileOnTheDevice)
+{
+    const qint64 id = page->shownPhotos()[3];
+    const QString path = folder->path(library->devicePath(id));
+    const qint64 before = QFileInfo(path).size();
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::Append));
+    file.write(QByteArray(3'000'000, 'x'));
+    file.close();
+    press(Qt::Key_F9);
+    page->setCurrentPhoto(id);
+    const QString exact = browser::Texts::size(before + 3'000'000);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return child<QLabel>("factSize")->text() == exact; }, patience));
+    ASSERT_TRUE(QFile::resize(path, before));
+}
+
+TEST_F(Page, TheFactsTellThatAnOriginalIsNotOnTheDevice)
+{
+    qint64 away = 0;
+    const QVector<qint64> ids = page->shownPhotos();
+    for (const qint64 id : ids) {
+        if (photoOf(id).is(browser::InCloud) && !QFile::exists(folder->path(library->devicePath(id))))
+            away = id;
+    }
+    ASSERT_NE(away, 0);
+    press(Qt::Key_F9);
+    page->setCurrentPhoto(away);
+    const auto isTold = [&] {
+        return child<QLabel>("factMarks")->text().contains(QStringLiteral("Only in the cloud"));
+    };
+    EXPECT_TRUE(QTest::qWaitFor(isTold, patience));
+    EXPECT_FALSE(child<QLabel>("factSize")->isVisible());
+}
+
+TEST_F(Page, WhatTurnsOutNotToBeOnTheDeviceLeavesThatFilterAndNothingMoves)
+{
+    child<QAction>("onlyOnDevice")->trigger();
+    const qint64 away = source->away;
+    const int row = page->shownPhotos().indexOf(away);
+    ASSERT_GT(row, 0);
+    const int columns = grid->arrangement().columns();
+    grid->scrollTo(grid->model()->index(std::max(0, row - columns), 0), PhotoGrid::PositionAtTop);
+    const int first = grid->visibleRows().first;
+    const qint64 top = page->shownPhotos()[first];
+    ASSERT_NE(top, away);
+    const int height = middleOf(first).y();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !page->shownPhotos().contains(away); }, patience));
+    EXPECT_EQ(middleOf(page->shownPhotos().indexOf(top)).y(), height);
+    child<QAction>("onlyOnDevice")->trigger();
+    const int shownAgain = page->shownPhotos().indexOf(away);
+    const QModelIndex index = grid->model()->index(shownAgain, 0);
+    EXPECT_TRUE(index.data(Qt::AccessibleTextRole).toString().contains(QStringLiteral("cloud")));
+}
+
+TEST_F(Page, TheSearchFieldSaysWhereItSearches)
+{
+    auto *field = child<QLineEdit>("searchField");
+    const QString everywhere = field->placeholderText();
+    sideBar->choose(1);
+    const QString title = sideBar->model()->data(sideBar->currentIndex()).toString();
+    EXPECT_TRUE(field->placeholderText().contains(title)) << qPrintable(field->placeholderText());
+    sideBar->choose(0);
+    EXPECT_EQ(field->placeholderText(), everywhere);
+}
+
+TEST_F(Page, ScreenReadersAreToldWhatTheMarksInACellSay)
+{
+    const QVector<qint64> ids = page->shownPhotos();
+    int favorites = 0, videos = 0;
+    for (int row = 0; row < ids.size(); ++row) {
+        const browser::Photo &photo = photoOf(ids[row]);
+        const QString text = grid->model()->index(row, 0).data(Qt::AccessibleTextRole).toString();
+        EXPECT_EQ(text.contains(QStringLiteral("Favorite")), photo.is(browser::Favorite));
+        EXPECT_EQ(text.contains(QStringLiteral("Part of a burst")), photo.is(browser::Burst));
+        const bool isVideo = photo.kind == browser::MediaKind::Video;
+        EXPECT_TRUE(!isVideo || text.contains(browser::Texts::duration(photo.duration))) << qPrintable(text);
+        favorites += photo.is(browser::Favorite) ? 1 : 0;
+        videos += isVideo ? 1 : 0;
+    }
+    EXPECT_GT(favorites, 0);
+    EXPECT_GT(videos, 0);
+}
+
+TEST(PageTexts, TimesOfDayAreWrittenAsTheLocaleWritesThem)
+{
+    const qint64 afternoon = QDateTime(QDate(2019, 6, 24), QTime(15, 4, 5)).toMSecsSinceEpoch();
+    const QLocale before;
+    QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedStates));
+    EXPECT_TRUE(browser::Texts::dateAndTime(afternoon).contains(QStringLiteral("3:04:05 PM")));
+    QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
+    EXPECT_TRUE(browser::Texts::dateAndTime(afternoon).contains(QStringLiteral("15:04:05")));
+    QLocale::setDefault(before);
+}
+
 TEST_F(Page, StatusCountsPhotosAndTheSelectedOnes)
 {
     QSignalSpy status(page.get(), &LibraryPage::statusChanged);
@@ -425,7 +521,7 @@ TEST_F(Page, StatusCountsPhotosAndTheSelectedOnes)
     ASSERT_TRUE(QTest::qWaitFor([&] { return !status.isEmpty(); }, patience));
     const QString text = status.last()[0].toString();
     EXPECT_TRUE(text.contains(QLocale().toString(page->shownPhotos().size()))) << qPrintable(text);
-    EXPECT_TRUE(text.contains(QStringLiteral("2 selected"))) << qPrintable(text);
+    EXPECT_TRUE(text.contains(QStringLiteral("2 selected (about "))) << qPrintable(text);
 }
 
 TEST_F(Page, ZoomingKeepsWhatIsInTheMiddleAndStaysWithinLimits)
