@@ -13,6 +13,7 @@ namespace browser
 {
 
 class BusySpinner;
+class FactsPane;
 class FilmPanel;
 class FilmPlayer;
 class PictureLoader;
@@ -65,6 +66,7 @@ private:
     void showCurrent();
     void describeCurrent();
     void toggleOriginal();
+    void showFacts(bool shown);
     QString noteOn(const Picture &picture) const;
     void loadCurrent();
     void showThumbnail(qint64 id, const QImage &thumbnail);
@@ -92,6 +94,7 @@ private:
 
     ViewerBar *const bar;
     PictureView *const view;
+    FactsPane *const facts;
     BusySpinner *const spinner;
     PlayButton *const play;
     ProblemPanel *const problem;

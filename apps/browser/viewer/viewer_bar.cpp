@@ -41,6 +41,7 @@ ViewerBar::ViewerBar(QWidget *parent)
       playLive(makeButton(ViewerGlyph::Play, "playLiveButton", tr("Play the Live Photo"), keyText(Qt::Key_P))),
       exportPhoto(makeButton(ViewerGlyph::Export, "exportButton", tr("Export…"),
                              QKeySequence(Qt::CTRL | Qt::Key_E).toString(QKeySequence::NativeText))),
+      facts(makeButton(ViewerGlyph::Info, "viewerFactsButton", tr("Facts"), keyText(Qt::Key_F9))),
       fullScreen(makeButton(ViewerGlyph::FullScreen, "fullScreenButton", tr("Full screen"), keyText(Qt::Key_F))),
       name(namedLabel("photoName")), details(namedLabel("photoDetails")), position(namedLabel("photoPosition")),
       zoomText(namedLabel("zoomText"))
@@ -53,6 +54,7 @@ ViewerBar::ViewerBar(QWidget *parent)
     zoomText->setAlignment(Qt::AlignCenter);
     zoomText->setMinimumWidth(fontMetrics().horizontalAdvance(QStringLiteral("1600 %")));
     original->setCheckable(true);
+    facts->setCheckable(true);
     original->hide();
     playLive->hide();
     arrange();
@@ -98,6 +100,7 @@ void ViewerBar::arrange()
     row->addWidget(original);
     row->addWidget(playLive);
     row->addWidget(exportPhoto);
+    row->addWidget(facts);
     row->addWidget(fullScreen);
 }
 

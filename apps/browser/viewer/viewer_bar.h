@@ -35,6 +35,7 @@ public:
     QToolButton *const original; ///< checked: shown as it was before it was edited
     QToolButton *const playLive;
     QToolButton *const exportPhoto;
+    QToolButton *const facts;
     QToolButton *const fullScreen;
 
 private:

@@ -148,7 +148,7 @@ TEST_F(Films, ThatTookTheirCopyAwayAreCopiedAnew)
     EXPECT_EQ(system.bytes, folder.read(library->devicePath(film)));
 }
 
-TEST_F(Films, ThatWereEditedAreOpenedAsTheDeviceShowsThem)
+TEST_F(Films, ThatWereEditedHaveTheResultInAFolderOfItsOwn)
 {
     const QString original = library->devicePath(film);
     const QString edits = QStringLiteral("PhotoData/Mutations/") + QFileInfo(original).path() + QLatin1Char('/') +

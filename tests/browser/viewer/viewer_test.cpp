@@ -278,6 +278,21 @@ TEST_F(OpenedViewer, ShowsAnEditedPhotoAsTheDeviceDoesAndItsOriginalOnDemand)
     EXPECT_FALSE(original->isVisible());
 }
 
+TEST_F(OpenedViewer, ShowsTheFactsOfThePhotoOnDemand)
+{
+    const auto viewer = makeViewer(std::make_shared<GatedPictures>());
+    auto *facts = viewer->findChild<QWidget *>(QStringLiteral("factsPane"));
+    viewer->showPhotos(ids, 0);
+    EXPECT_FALSE(facts->isVisible());
+    QTest::keyClick(&viewOf(*viewer), Qt::Key_F9);
+    EXPECT_TRUE(facts->isVisible());
+    EXPECT_EQ(textOf(*viewer, "factTitle"), library->item(ids[0])->fileName);
+    QTest::keyClick(&viewOf(*viewer), Qt::Key_Right);
+    EXPECT_EQ(textOf(*viewer, "factTitle"), library->item(ids[1])->fileName);
+    viewer->findChild<QToolButton *>(QStringLiteral("viewerFactsButton"))->click();
+    EXPECT_FALSE(facts->isVisible());
+}
+
 TEST_F(OpenedViewer, SaysSoWhenOnlyTheOriginalOfAnEditedPhotoIsThere)
 {
     const QString edits = folder.path(QStringLiteral("PhotoData/Mutations"));
