@@ -17,9 +17,12 @@ constexpr int scrollLabelTime = 900;               // milliseconds
 } // namespace
 
 PhotoGrid::PhotoGrid(PhotoModel &model, ThumbnailLoader &thumbnails, QWidget *parent)
-    : QListView(parent), photos(model), loader(thumbnails), cache(cacheBytes)
+    : QListView(parent), photos(model), loader(thumbnails), cache(cacheBytes), chosen(model)
 {
     setModel(&photos);
+    const QItemSelectionModel *const unused = selectionModel();
+    setSelectionModel(&chosen);
+    delete unused;
     setObjectName(QStringLiteral("photoGrid"));
     setAccessibleName(tr("Photos"));
     setSelectionMode(ExtendedSelection);
@@ -44,12 +47,13 @@ void PhotoGrid::show(const std::shared_ptr<const PhotoList> &list, bool keep)
 {
     const QVector<qint64> selected = keep ? selectedIds() : QVector<qint64>();
     const qint64 current = keep && currentIndex().isValid() ? photos.idAt(currentIndex().row()) : 0;
-    const std::vector<Fixed> fixed = keep && isAskedAgain(list->query) ? visiblePhotos() : std::vector<Fixed>();
+    std::vector<std::pair<qint64, int>> fixed;
+    if (keep && isAskedAgain(list->query))
+        fixed = visiblePhotos();
     const qint64 anchored = keep && anchor >= 0 ? photos.idAt(anchor) : 0;
     band.reset();
     pressed = hovered = hoveredHeading = -1;
     photos.setPhotos(list);
-    chosen.assign(static_cast<std::size_t>(photos.rowCount()), false);
     doItemsLayout();
     anchor = photos.rowOf(anchored);
     const int row = photos.rowOf(current);
@@ -57,9 +61,9 @@ void PhotoGrid::show(const std::shared_ptr<const PhotoList> &list, bool keep)
         selectionModel()->setCurrentIndex(photos.index(row), QItemSelectionModel::NoUpdate);
     selectIds(selected);
     const auto still =
-        std::find_if(fixed.begin(), fixed.end(), [this](const Fixed &one) { return photos.rowOf(one.id) >= 0; });
+        std::find_if(fixed.begin(), fixed.end(), [this](const auto &one) { return photos.rowOf(one.first) >= 0; });
     if (still != fixed.end())
-        verticalScrollBar()->setValue(places.cell(photos.rowOf(still->id)).top() - still->top);
+        verticalScrollBar()->setValue(places.cell(photos.rowOf(still->first)).top() - still->second);
     else if (row >= 0)
         scrollTo(photos.index(row));
     else
@@ -72,12 +76,12 @@ bool PhotoGrid::isAskedAgain(const PhotoQuery &query) const
     return photos.photos() != nullptr && photos.photos()->query.asksLike(query);
 }
 
-std::vector<PhotoGrid::Fixed> PhotoGrid::visiblePhotos() const
+std::vector<std::pair<qint64, int>> PhotoGrid::visiblePhotos() const
 {
-    std::vector<Fixed> visible;
+    std::vector<std::pair<qint64, int>> visible;
     const auto [first, behind] = visibleRows();
     for (int row = first; row < behind; ++row)
-        visible.push_back({photos.idAt(row), places.cell(row).top() - verticalOffset()});
+        visible.emplace_back(photos.idAt(row), places.cell(row).top() - verticalOffset());
     return visible;
 }
 
@@ -235,16 +239,6 @@ void PhotoGrid::takeThumbnails(const QVector<LoadedThumbnail> &thumbnails)
         requestThumbnails();
 }
 
-QVector<int> PhotoGrid::selectedRows() const
-{
-    QVector<int> rows;
-    for (int row = 0; row < photos.rowCount(); ++row) {
-        if (isChosen(row))
-            rows += row;
-    }
-    return rows;
-}
-
 QVector<qint64> PhotoGrid::selectedIds() const
 {
     QVector<qint64> ids = QVector<qint64>();
@@ -275,35 +269,7 @@ void PhotoGrid::selectIds(const QVector<qint64> &ids)
             rows += row;
     }
     std::sort(rows.begin(), rows.end());
-    selectRows(rows);
-}
-
-// Cleared first: the selection model takes the square of the number of ranges to compare two selections.
-void PhotoGrid::selectRows(const QVector<int> &ascending)
-{
-    QItemSelection selection;
-    for (int begin = 0; begin < ascending.size();) {
-        int end = begin + 1;
-        while (end < ascending.size() && ascending[end] == ascending[end - 1] + 1)
-            ++end;
-        selection.append(QItemSelectionRange(photos.index(ascending[begin]), photos.index(ascending[end - 1])));
-        begin = end;
-    }
-    selectionModel()->clearSelection();
-    selectionModel()->select(selection, QItemSelectionModel::Select);
-}
-
-void PhotoGrid::selectionChanged(const QItemSelection &selected, const QItemSelection &deselected)
-{
-    const auto mark = [this](const QItemSelection &ranges, bool value) {
-        for (const QItemSelectionRange &range : ranges) {
-            for (int row = range.top(); row <= range.bottom() && row < static_cast<int>(chosen.size()); ++row)
-                chosen[static_cast<std::size_t>(row)] = value;
-        }
-    };
-    mark(deselected, false);
-    mark(selected, true);
-    QListView::selectionChanged(selected, deselected);
+    chosen.selectRows(rows);
 }
 
 void PhotoGrid::selectSection(int section)
@@ -312,19 +278,13 @@ void PhotoGrid::selectSection(int section)
         return;
     const auto [first, behind] = places.range(section);
     const bool wasSelected = isSectionSelected(section);
-    selectRange(first, behind - 1, wasSelected ? QItemSelectionModel::Deselect : QItemSelectionModel::Select);
+    chosen.selectRange(first, behind - 1, wasSelected ? QItemSelectionModel::Deselect : QItemSelectionModel::Select);
 }
 
 bool PhotoGrid::isSectionSelected(int section) const
 {
     const auto [first, behind] = places.range(section);
-    return std::find(chosen.begin() + first, chosen.begin() + behind, false) == chosen.begin() + behind;
-}
-
-void PhotoGrid::selectRange(int from, int to, QItemSelectionModel::SelectionFlags command)
-{
-    const auto [first, last] = std::minmax(from, to);
-    selectionModel()->select(QItemSelection(photos.index(first), photos.index(last)), command);
+    return chosen.holdsAll(first, behind);
 }
 
 void PhotoGrid::setSelection(const QRect &rectangle, QItemSelectionModel::SelectionFlags command)

@@ -4,11 +4,11 @@
 #include "apps/browser/page/cell_painter.h"
 #include "apps/browser/page/grid_band.h"
 #include "apps/browser/page/grid_layout.h"
+#include "apps/browser/page/grid_selection.h"
 #include "apps/browser/page/photo_model.h"
 #include "apps/browser/page/thumbnail_cache.h"
 
 #include <QElapsedTimer>
-#include <QItemSelection>
 #include <QListView>
 #include <QTimer>
 
@@ -41,7 +41,7 @@ public:
 
     /// In the order of the grid.
     QVector<qint64> selectedIds() const;
-    QVector<int> selectedRows() const;
+    QVector<int> selectedRows() const { return chosen.rows(); }
     /// Scrolls there. Several selected photos stay so; else this one is selected.
     void makeCurrent(int row);
     void selectSection(int section);
@@ -73,7 +73,6 @@ protected:
     int horizontalOffset() const override { return 0; }
     int verticalOffset() const override;
     void setSelection(const QRect &rectangle, QItemSelectionModel::SelectionFlags command) override;
-    void selectionChanged(const QItemSelection &selected, const QItemSelection &deselected) override;
     QRegion visualRegionForSelection(const QItemSelection &selection) const override;
     bool isIndexHidden(const QModelIndex &) const override { return false; }
 
@@ -92,24 +91,17 @@ protected:
     void keyPressEvent(QKeyEvent *event) override;
 
 private:
-    /// A photo on the screen.
-    struct Fixed {
-        qint64 id;
-        int top;
-    };
-
+    /// Ids, and where on the viewport the photos begin.
+    std::vector<std::pair<qint64, int>> visiblePhotos() const;
     bool isAskedAgain(const PhotoQuery &query) const;
-    std::vector<Fixed> visiblePhotos() const;
     QPoint contents(const QPoint &point) const { return point + QPoint(0, verticalOffset()); }
     void requestThumbnails();
     void takeThumbnails(const QVector<LoadedThumbnail> &thumbnails);
     int pixelsOfCell() const;
-
     int pinnedSection() const;
     QRect headingRect(int section) const;
     int headingAt(const QPoint &point) const;
     bool isSectionSelected(int section) const;
-    bool isChosen(int row) const { return chosen[static_cast<std::size_t>(row)]; }
     bool looksChosen(int row) const;
     void paintCells(QPainter &painter, const QRect &dirty);
     void paintHeading(QPainter &painter, int section);
@@ -129,9 +121,7 @@ private:
     bool changeByKey(const QKeyEvent &event);
     int rowForKey(const QKeyEvent &event) const;
     void goTo(int row, Qt::KeyboardModifiers modifiers);
-    void selectRange(int from, int to, QItemSelectionModel::SelectionFlags command);
     void selectIds(const QVector<qint64> &ids);
-    void selectRows(const QVector<int> &ascending);
 
     PhotoModel &photos;
     ThumbnailLoader &loader;
@@ -139,9 +129,9 @@ private:
     GridLayout places;
     GridMetrics metrics;
     std::optional<CellPainter> painterOfCells; ///< made anew for other colours and fonts
-    std::vector<bool> chosen;                  ///< by row what the selection model holds, which is slow to ask
-    int anchor = -1;                           ///< where a range that Shift extends begins
-    int pressed = -1;                          ///< a cell that the mouse went down on
+    GridSelection chosen;
+    int anchor = -1;  ///< where a range that Shift extends begins
+    int pressed = -1; ///< a cell that the mouse went down on
     bool selectOnRelease = false;
     QPoint pressedAt;
     int hovered = -1;

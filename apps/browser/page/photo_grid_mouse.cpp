@@ -42,8 +42,8 @@ void PhotoGrid::mousePressEvent(QMouseEvent *event)
 void PhotoGrid::pressForMenu(int row)
 {
     anchor = row;
-    selectionModel()->setCurrentIndex(photos.index(row), isChosen(row) ? QItemSelectionModel::NoUpdate
-                                                                       : QItemSelectionModel::ClearAndSelect);
+    selectionModel()->setCurrentIndex(photos.index(row), chosen.holds(row) ? QItemSelectionModel::NoUpdate
+                                                                           : QItemSelectionModel::ClearAndSelect);
     viewport()->update();
 }
 
@@ -54,12 +54,12 @@ void PhotoGrid::pressCell(int row, const QMouseEvent &event)
     pressed = row;
     if (shift) {
         const int from = anchor >= 0 && anchor < photos.rowCount() ? anchor : row;
-        selectRange(from, row, control ? QItemSelectionModel::Select : QItemSelectionModel::ClearAndSelect);
+        chosen.selectRange(from, row, control ? QItemSelectionModel::Select : QItemSelectionModel::ClearAndSelect);
         anchor = from;
     } else if (control) {
         selectionModel()->select(index, QItemSelectionModel::Toggle);
         anchor = row;
-    } else if (isChosen(row)) {
+    } else if (chosen.holds(row)) {
         selectOnRelease = true; // it may be the beginning of a drag of all that are selected
         anchor = row;
     } else {
@@ -88,20 +88,22 @@ void PhotoGrid::endBand()
 {
     const GridBand ended = *band;
     band.reset();
-    std::vector<bool> wanted = chosen;
+    std::vector<bool> wanted(static_cast<std::size_t>(photos.rowCount()), false);
+    const QVector<int> before = chosen.rows();
+    for (const int row : before)
+        wanted[static_cast<std::size_t>(row)] = true;
     for (const auto &run : places.inside(ended.rectangle())) {
         for (int row = run.first; row <= run.second; ++row)
-            wanted[static_cast<std::size_t>(row)] = !ended.toggles || !isChosen(row);
+            wanted[static_cast<std::size_t>(row)] = !ended.toggles || !chosen.holds(row);
     }
-    viewport()->update();
-    if (wanted == chosen)
-        return;
     QVector<int> rows;
     for (int row = 0; row < photos.rowCount(); ++row) {
         if (wanted[static_cast<std::size_t>(row)])
             rows += row;
     }
-    selectRows(rows);
+    viewport()->update();
+    if (rows != before)
+        chosen.selectRows(rows);
 }
 
 // The further outside the mouse is, the faster.

@@ -65,7 +65,7 @@ void PhotoGrid::paintCells(QPainter &painter, const QRect &dirty)
 bool PhotoGrid::looksChosen(int row) const
 {
     const bool isInside = band && places.cell(row).intersects(band->rectangle());
-    return isInside ? !band->toggles || !isChosen(row) : isChosen(row);
+    return isInside ? !band->toggles || !chosen.holds(row) : chosen.holds(row);
 }
 
 // The section that the top of the viewport is in, whose heading stays there.
