@@ -71,6 +71,7 @@ private:
     void search();
     void showFound(const std::shared_ptr<const PhotoList> &photos);
     void updateStatus();
+    void noteLacking(qint64 id);
     void updateFacts();
     void showFacts(bool shown);
     void openPhoto(qint64 id);
@@ -78,7 +79,6 @@ private:
     void startDrag();
     void exportSelected();
     void copyNames();
-    void noteLacking(qint64 id);
 
     const std::shared_ptr<OpenedLibrary> opened;
     PhotoModel *model;

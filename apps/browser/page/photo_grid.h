@@ -44,6 +44,7 @@ public:
     QVector<int> selectedRows() const { return chosen.rows(); }
     /// Scrolls there. Several selected photos stay so; else this one is selected.
     void makeCurrent(int row);
+    void selectIds(const QVector<qint64> &ids);
     void selectSection(int section);
     /// Positions of the photos on the screen: the first one, and the one behind the last.
     std::pair<int, int> visibleRows() const;
@@ -121,7 +122,6 @@ private:
     bool changeByKey(const QKeyEvent &event);
     int rowForKey(const QKeyEvent &event) const;
     void goTo(int row, Qt::KeyboardModifiers modifiers);
-    void selectIds(const QVector<qint64> &ids);
 
     PhotoModel &photos;
     ThumbnailLoader &loader;
