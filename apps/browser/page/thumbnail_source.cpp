@@ -21,10 +21,10 @@ ThumbnailAnswer LibraryThumbnails::thumbnail(qint64 id)
 bool LibraryThumbnails::lacksOriginal(qint64 id)
 {
     const Photo *photo = opened->snapshot().find(id);
-    const std::optional<photoItem> item = opened->item(id);
-    if (photo == nullptr || !item || !photo->is(InCloud))
+    if (photo == nullptr || !photo->is(InCloud))
         return false;
-    return lookAtDeviceFile(opened->host(), originalPathOf(*item)).end == ReadEnd::Absent;
+    const std::optional<photoItem> item = opened->item(id);
+    return item && lookAtDeviceFile(opened->host(), originalPathOf(*item)).end == ReadEnd::Absent;
 }
 
 } // namespace browser

@@ -108,7 +108,7 @@ void ViewerBar::showPhoto(const QString &fileName, const QString &date, const QS
 {
     name->setText(fileName);
     name->setToolTip(fileName);
-    details->setText(note.isEmpty() ? date : tr("%1 — %2", "date, and a note about the photo").arg(date, note));
+    details->setText(note.isEmpty() ? date : tr("%1 — %2", "a note about the photo, and its date").arg(note, date));
     details->setToolTip(details->text());
 }
 
