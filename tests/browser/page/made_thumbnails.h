@@ -59,7 +59,9 @@ public:
     QVector<qint64> requests() const
     {
         const std::lock_guard<std::mutex> lock(mutex);
-        return asked;
+        QVector<qint64> own = asked;
+        own.detach(); // what is shared would be looked at without the lock
+        return own;
     }
 
 private:
