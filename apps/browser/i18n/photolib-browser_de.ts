@@ -984,6 +984,38 @@ Ohne DEVICE werden die vorhandenen Handys, Sicherungen und Ordner aufgelistet.</
         <source>Only in the cloud, not on the device</source>
         <translation>Nur in der Cloud, nicht auf dem Gerät</translation>
     </message>
+    <message>
+        <source>File type</source>
+        <translation>Dateityp</translation>
+    </message>
+    <message>
+        <source>Orientation</source>
+        <translation>Ausrichtung</translation>
+    </message>
+    <message>
+        <source>Upright</source>
+        <translation>Aufrecht</translation>
+    </message>
+    <message>
+        <source>Mirrored</source>
+        <translation>Gespiegelt</translation>
+    </message>
+    <message>
+        <source>Stored upside down</source>
+        <translation>Auf dem Kopf gespeichert</translation>
+    </message>
+    <message>
+        <source>Stored upside down, mirrored</source>
+        <translation>Auf dem Kopf und gespiegelt gespeichert</translation>
+    </message>
+    <message>
+        <source>Stored on its side, mirrored</source>
+        <translation>Auf der Seite liegend und gespiegelt gespeichert</translation>
+    </message>
+    <message>
+        <source>Stored on its side</source>
+        <translation>Auf der Seite liegend gespeichert</translation>
+    </message>
 </context>
 <context>
     <name>browser::FilmPanel</name>
@@ -1327,6 +1359,10 @@ Ohne DEVICE werden die vorhandenen Handys, Sicherungen und Ordner aufgelistet.</
         <source>Filtered</source>
         <translation>Gefiltert</translation>
     </message>
+    <message>
+        <source>Search in “%1”</source>
+        <translation>In „%1“ suchen</translation>
+    </message>
 </context>
 <context>
     <name>browser::PhotoGrid</name>
@@ -1543,16 +1579,6 @@ Ohne DEVICE werden die vorhandenen Handys, Sicherungen und Ordner aufgelistet.</
         <translation>%1:%2:%3</translation>
     </message>
     <message>
-        <source>%1, %2 (%3)</source>
-        <comment>date, time, time zone</comment>
-        <translation>%1, %2 (%3)</translation>
-    </message>
-    <message>
-        <source>HH:mm:ss</source>
-        <comment>time of day, as QTime formats it</comment>
-        <translation>HH:mm:ss</translation>
-    </message>
-    <message>
         <source>%1° S, %2° W</source>
         <translation>%1° S, %2° W</translation>
     </message>
@@ -1604,22 +1630,34 @@ Ohne DEVICE werden die vorhandenen Handys, Sicherungen und Ordner aufgelistet.</
         <source>Photo</source>
         <translation>Foto</translation>
     </message>
-    <message>
-        <source>%1, %2</source>
-        <comment>file name, kind</comment>
-        <translation>%1, %2</translation>
-    </message>
-    <message>
-        <source>%1, %2, %3</source>
-        <comment>file name, kind, date</comment>
-        <translation>%1, %2, %3</translation>
-    </message>
     <message numerus="yes">
         <source>%Ln photo(s)</source>
         <translation>
             <numerusform>%Ln Foto</numerusform>
             <numerusform>%Ln Fotos</numerusform>
         </translation>
+    </message>
+    <message>
+        <source>about %1</source>
+        <comment>size of a file</comment>
+        <translation>etwa %1</translation>
+    </message>
+    <message>
+        <source>Favorite</source>
+        <translation>Favorit</translation>
+    </message>
+    <message>
+        <source>Part of a burst</source>
+        <translation>Teil einer Serie</translation>
+    </message>
+    <message>
+        <source>Only in the cloud, not on the device</source>
+        <translation>Nur in der Cloud, nicht auf dem Gerät</translation>
+    </message>
+    <message>
+        <source>, </source>
+        <comment>between facts of a photo</comment>
+        <translation>, </translation>
     </message>
 </context>
 <context>
@@ -1631,6 +1669,14 @@ Ohne DEVICE werden die vorhandenen Handys, Sicherungen und Ordner aufgelistet.</
     <message>
         <source>preview of a RAW photo</source>
         <translation>Vorschau eines RAW-Fotos</translation>
+    </message>
+    <message>
+        <source>edited on the device</source>
+        <translation>auf dem Gerät bearbeitet</translation>
+    </message>
+    <message>
+        <source>original; edited on the device</source>
+        <translation>Original; auf dem Gerät bearbeitet</translation>
     </message>
 </context>
 <context>
@@ -1681,11 +1727,6 @@ Ohne DEVICE werden die vorhandenen Handys, Sicherungen und Ordner aufgelistet.</
         <translation>%1 (%2)</translation>
     </message>
     <message>
-        <source>%1 — %2</source>
-        <comment>date, and a note about the photo</comment>
-        <translation>%1 — %2</translation>
-    </message>
-    <message>
         <source>%1 of %2</source>
         <comment>number of the photo and of all photos</comment>
         <translation>%1 von %2</translation>
@@ -1694,6 +1735,19 @@ Ohne DEVICE werden die vorhandenen Handys, Sicherungen und Ordner aufgelistet.</
         <source>%1 %</source>
         <comment>size of the picture</comment>
         <translation>%1 %</translation>
+    </message>
+    <message>
+        <source>Show the original</source>
+        <translation>Original zeigen</translation>
+    </message>
+    <message>
+        <source>Facts</source>
+        <translation>Angaben</translation>
+    </message>
+    <message>
+        <source>%1 — %2</source>
+        <comment>a note about the photo, and its date</comment>
+        <translation>%1 — %2</translation>
     </message>
 </context>
 <context>

@@ -968,6 +968,38 @@ Without DEVICE it lists the phones, backups and folders that there are.</source>
         <source>Only in the cloud, not on the device</source>
         <translation>仅在云端，不在设备上</translation>
     </message>
+    <message>
+        <source>File type</source>
+        <translation>文件类型</translation>
+    </message>
+    <message>
+        <source>Orientation</source>
+        <translation>方向</translation>
+    </message>
+    <message>
+        <source>Upright</source>
+        <translation>正立</translation>
+    </message>
+    <message>
+        <source>Mirrored</source>
+        <translation>镜像</translation>
+    </message>
+    <message>
+        <source>Stored upside down</source>
+        <translation>上下颠倒存储</translation>
+    </message>
+    <message>
+        <source>Stored upside down, mirrored</source>
+        <translation>上下颠倒并镜像存储</translation>
+    </message>
+    <message>
+        <source>Stored on its side, mirrored</source>
+        <translation>侧放并镜像存储</translation>
+    </message>
+    <message>
+        <source>Stored on its side</source>
+        <translation>侧放存储</translation>
+    </message>
 </context>
 <context>
     <name>browser::FilmPanel</name>
@@ -1310,6 +1342,10 @@ Without DEVICE it lists the phones, backups and folders that there are.</source>
         <source>Filtered</source>
         <translation>已筛选</translation>
     </message>
+    <message>
+        <source>Search in “%1”</source>
+        <translation>在“%1”中搜索</translation>
+    </message>
 </context>
 <context>
     <name>browser::PhotoGrid</name>
@@ -1525,16 +1561,6 @@ Without DEVICE it lists the phones, backups and folders that there are.</source>
         <translation>%1:%2:%3</translation>
     </message>
     <message>
-        <source>%1, %2 (%3)</source>
-        <comment>date, time, time zone</comment>
-        <translation>%1 %2 (%3)</translation>
-    </message>
-    <message>
-        <source>HH:mm:ss</source>
-        <comment>time of day, as QTime formats it</comment>
-        <translation>HH:mm:ss</translation>
-    </message>
-    <message>
         <source>%1° S, %2° W</source>
         <translation>%1°S %2°W</translation>
     </message>
@@ -1586,21 +1612,33 @@ Without DEVICE it lists the phones, backups and folders that there are.</source>
         <source>Photo</source>
         <translation>照片</translation>
     </message>
-    <message>
-        <source>%1, %2</source>
-        <comment>file name, kind</comment>
-        <translation>%1，%2</translation>
-    </message>
-    <message>
-        <source>%1, %2, %3</source>
-        <comment>file name, kind, date</comment>
-        <translation>%1，%2，%3</translation>
-    </message>
     <message numerus="yes">
         <source>%Ln photo(s)</source>
         <translation>
             <numerusform>%Ln 张照片</numerusform>
         </translation>
+    </message>
+    <message>
+        <source>about %1</source>
+        <comment>size of a file</comment>
+        <translation>约 %1</translation>
+    </message>
+    <message>
+        <source>Favorite</source>
+        <translation>个人收藏</translation>
+    </message>
+    <message>
+        <source>Part of a burst</source>
+        <translation>连拍快照之一</translation>
+    </message>
+    <message>
+        <source>Only in the cloud, not on the device</source>
+        <translation>仅在云端，不在设备上</translation>
+    </message>
+    <message>
+        <source>, </source>
+        <comment>between facts of a photo</comment>
+        <translation>，</translation>
     </message>
 </context>
 <context>
@@ -1612,6 +1650,14 @@ Without DEVICE it lists the phones, backups and folders that there are.</source>
     <message>
         <source>preview of a RAW photo</source>
         <translation>RAW 照片的预览</translation>
+    </message>
+    <message>
+        <source>edited on the device</source>
+        <translation>已在设备上编辑</translation>
+    </message>
+    <message>
+        <source>original; edited on the device</source>
+        <translation>原件；已在设备上编辑</translation>
     </message>
 </context>
 <context>
@@ -1662,11 +1708,6 @@ Without DEVICE it lists the phones, backups and folders that there are.</source>
         <translation>%1 (%2)</translation>
     </message>
     <message>
-        <source>%1 — %2</source>
-        <comment>date, and a note about the photo</comment>
-        <translation>%1 — %2</translation>
-    </message>
-    <message>
         <source>%1 of %2</source>
         <comment>number of the photo and of all photos</comment>
         <translation>%1 / %2</translation>
@@ -1675,6 +1716,19 @@ Without DEVICE it lists the phones, backups and folders that there are.</source>
         <source>%1 %</source>
         <comment>size of the picture</comment>
         <translation>%1%</translation>
+    </message>
+    <message>
+        <source>Show the original</source>
+        <translation>显示原件</translation>
+    </message>
+    <message>
+        <source>Facts</source>
+        <translation>信息</translation>
+    </message>
+    <message>
+        <source>%1 — %2</source>
+        <comment>a note about the photo, and its date</comment>
+        <translation>%1 — %2</translation>
     </message>
 </context>
 <context>

@@ -2,6 +2,7 @@
 
 #include "devicehost/open_error.h"
 #include "exporter/asset_files.h"
+#include "exporter/safe_name.h"
 #include "photolib/host/iipod.h"
 #include "photolib/host/vdev.h"
 #include "photolib/photo_item.h"
@@ -35,6 +36,17 @@ bool isThere(const Device &device)
     return openFile(device, QStringLiteral("/PhotoData/Photos.sqlite")) != nullptr;
 }
 
+Device openDevice(IIPod &host)
+{
+    return Device(vDevOpen(VDevDevice, host.devicePath().toLocal8Bit().constData()));
+}
+
+qint64 sizeOf(const File &file)
+{
+    const qint64 size = vFileSeek(file.get(), 0, 2);
+    return size >= 0 && vFileSeek(file.get(), 0, 0) == 0 ? size : -1;
+}
+
 ReadResult whyNotOpened(const Device &device)
 {
     const devicehost::OpenError error = devicehost::lastOpenError();
@@ -53,16 +65,52 @@ QString originalPathOf(const photoItem &photo)
     return exporter::originalPath(photo);
 }
 
+QStringList renderedPathsOf(const photoItem &photo)
+{
+    constexpr qint32 video = 1;
+    const QString original = originalPathOf(photo);
+    if (photo.hasAdjustments == 0 || original.isEmpty())
+        return {};
+    const int nameStart = original.lastIndexOf(QLatin1Char('/')) + 1;
+    const QString stem = original.left(nameStart) + exporter::stemOf(original.mid(nameStart));
+    const QString base = QStringLiteral("/PhotoData/Mutations") + stem + QStringLiteral("/Adjustments/FullSizeRender.");
+    QStringList paths;
+    for (const char *extension : {"jpg", "heic", "JPG", "HEIC", "png", "PNG", "jpeg", "gif", "GIF"})
+        paths += base + QLatin1String(extension);
+    if (photo.mediaType != video)
+        return paths;
+    return {base + QStringLiteral("mov"), base + QStringLiteral("MOV"), base + QStringLiteral("mp4"),
+            base + QStringLiteral("MP4")};
+}
+
+bool isDeviceThere(IIPod &host)
+{
+    const Device device = openDevice(host);
+    return device && isThere(device);
+}
+
+FileLook lookAtDeviceFile(IIPod &host, const QString &path)
+{
+    const Device device = openDevice(host);
+    if (!device)
+        return {ReadEnd::DeviceGone};
+    const File file = openFile(device, path);
+    if (!file)
+        return {whyNotOpened(device).end};
+    const qint64 size = sizeOf(file);
+    return {size < 0 ? ReadEnd::Failed : ReadEnd::Complete, size};
+}
+
 ReadResult readDeviceFile(IIPod &host, const QString &path, const BlockReceiver &receive)
 {
-    const Device device(vDevOpen(VDevDevice, host.devicePath().toLocal8Bit().constData()));
+    const Device device = openDevice(host);
     if (!device)
         return {ReadEnd::DeviceGone, {}};
     const File file = openFile(device, path);
     if (!file)
         return whyNotOpened(device);
-    const qint64 total = vFileSeek(file.get(), 0, 2);
-    if (total < 0 || vFileSeek(file.get(), 0, 0) != 0)
+    const qint64 total = sizeOf(file);
+    if (total < 0)
         return {isThere(device) ? ReadEnd::Failed : ReadEnd::DeviceGone, {}};
     if (!receive(nullptr, 0, total))
         return {ReadEnd::GivenUp, {}};

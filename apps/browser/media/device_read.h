@@ -2,6 +2,7 @@
 #define APPS_BROWSER_MEDIA_DEVICE_READ_H
 
 #include <QString>
+#include <QStringList>
 
 #include <functional>
 
@@ -25,12 +26,29 @@ struct ReadResult {
     QString reason; ///< for Failed: a clause without full stop; may be empty
 };
 
+/// What a device tells of a file before it is read.
+struct FileLook {
+    ReadEnd end = ReadEnd::Complete; ///< Complete: the file is there
+    qint64 size = -1;                ///< bytes, for Complete
+};
+
 /// Takes one block of a file that has `total` bytes by what the device says. False ends the reading.
 using BlockReceiver = std::function<bool(const char *block, int size, qint64 total)>;
 
 /// Path of a photo's original from the root of the device; empty when the library names none, or one that would lead
 /// elsewhere.
 QString originalPathOf(const photoItem &photo);
+
+/// Where the result of a photo's edits may lie, the likeliest first; none of a photo that nobody edited. Films of
+/// videos, else pictures.
+QStringList renderedPathsOf(const photoItem &photo);
+
+/// Whether the device can be opened and still has its list of photos: a folder whose device was taken off looks like a
+/// device without files. Blocks; any thread.
+bool isDeviceThere(IIPod &device);
+
+/// Asks for the size of a file. Blocks; any thread.
+FileLook lookAtDeviceFile(IIPod &device, const QString &path);
 
 /// Reads a file of the device block by block, so that it can be given up and needs little memory. `receive` is called
 /// at least once before the device is asked for any bytes, with an empty block. Blocks; any thread. A stop of the

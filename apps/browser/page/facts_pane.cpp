@@ -1,14 +1,19 @@
 #include "apps/browser/page/facts_pane.h"
 
+#include "apps/browser/library/background.h"
 #include "apps/browser/library/snapshot_photo.h"
+#include "apps/browser/media/device_read.h"
 #include "apps/browser/page/collection_titles.h"
 #include "apps/browser/page/texts.h"
+#include "devicehost/device_host.h"
 
 #include <QClipboard>
+#include <QFileInfo>
 #include <QFormLayout>
 #include <QGuiApplication>
 #include <QLabel>
 #include <QLocale>
+#include <QMimeDatabase>
 #include <QToolButton>
 #include <QVBoxLayout>
 
@@ -28,6 +33,12 @@ QSize seenSize(const photoItem &item)
 {
     const QSize stored(item.width, item.height);
     return item.orientation >= 5 && item.orientation <= 8 ? stored.transposed() : stored;
+}
+
+QString fileType(const QString &fileName)
+{
+    const QMimeType type = QMimeDatabase().mimeTypeForFile(fileName, QMimeDatabase::MatchExtension);
+    return type.isDefault() ? QFileInfo(fileName).suffix().toUpper() : type.comment();
 }
 
 } // namespace
@@ -67,10 +78,12 @@ FactsPane::FactsPane(std::shared_ptr<OpenedLibrary> library, QWidget *parent)
 void FactsPane::addFacts()
 {
     kind = addFact("factKind", tr("Kind"));
+    type = addFact("factType", tr("File type"));
     taken = addFact("factTaken", tr("Taken"));
     changed = addFact("factChanged", tr("Changed"));
     deleted = addFact("factDeleted", tr("Deleted"));
     dimensions = addFact("factDimensions", tr("Dimensions"));
+    orientation = addFact("factOrientation", tr("Orientation"));
     duration = addFact("factDuration", tr("Length"));
     size = addFact("factSize", tr("Size"));
     marks = addFact("factMarks", tr("Marks"));
@@ -81,7 +94,10 @@ void FactsPane::addFacts()
     copyPlace->setAccessibleName(copyPlace->text());
     connect(copyPlace, &QToolButton::clicked, this,
             [this] { QGuiApplication::clipboard()->setText(copyPlace->property("coordinates").toString()); });
-    form->addRow(copyPlace);
+    auto *below = new QVBoxLayout;
+    below->setContentsMargins(0, 0, 0, 12);
+    below->addWidget(copyPlace, 0, Qt::AlignLeft);
+    form->addRow(below);
     collections = addFact("factCollections", tr("In"));
     path = addFact("factPath", tr("On the device"));
 }
@@ -113,12 +129,13 @@ void FactsPane::setFact(QLabel *value, const QString &text)
 
 void FactsPane::showPhoto(qint64 id)
 {
+    shown = id;
     const Photo *photo = opened->snapshot().find(id);
     const std::optional<photoItem> item = photo != nullptr ? opened->item(id) : std::nullopt;
     if (!item) {
         title->setText(tr("Choose a photo to see its facts."));
-        for (QLabel *value :
-             {kind, taken, changed, deleted, dimensions, size, duration, marks, place, collections, path})
+        for (QLabel *value : {kind, type, taken, changed, deleted, dimensions, orientation, size, duration, marks,
+                              place, collections, path})
             setFact(value, QString());
         copyPlace->hide();
         return;
@@ -129,6 +146,40 @@ void FactsPane::showPhoto(qint64 id)
     showFile(*photo, *item);
     showPlace(*item);
     setFact(collections, collectionsOf(id));
+    askForOriginal();
+}
+
+// The database may hold the size of another file of the photo, and leave open whether the original is on the device.
+void FactsPane::askForOriginal()
+{
+    const std::optional<photoItem> item = opened->item(shown);
+    if (asking || !item)
+        return;
+    asking = true;
+    inBackground<FileLook>(
+        this, [library = opened, path = originalPathOf(*item)] { return lookAtDeviceFile(library->host(), path); },
+        [this, id = shown](const FileLook &look) {
+            asking = false;
+            if (id == shown)
+                takeLook(id, look);
+            else
+                askForOriginal();
+        });
+}
+
+void FactsPane::takeLook(qint64 id, const FileLook &look)
+{
+    const Photo *photo = opened->snapshot().find(id);
+    const std::optional<photoItem> item = opened->item(id);
+    if (look.end == ReadEnd::Complete && look.size >= 0)
+        setFact(size, Texts::size(look.size));
+    if (look.end != ReadEnd::Absent || photo == nullptr || !item)
+        return;
+    setFact(size, QString());
+    const bool isInCloud = photo->is(InCloud) || photo->is(CloudOnly);
+    showMarks(*photo, *item, isInCloud);
+    if (isInCloud)
+        Q_EMIT originalLacking(id);
 }
 
 void FactsPane::showDates(const Photo &photo, const photoItem &item)
@@ -145,8 +196,16 @@ void FactsPane::showFile(const Photo &photo, const photoItem &item)
     setFact(dimensions, seen.isEmpty()
                             ? QString()
                             : tr("%1 × %2 pixels").arg(locale.toString(seen.width()), locale.toString(seen.height())));
+    setFact(type, fileType(photo.fileName));
+    setFact(orientation, orientationText(item.orientation));
     setFact(duration, photo.kind == MediaKind::Video ? Texts::duration(photo.duration) : QString());
-    setFact(size, photo.fileSize > 0 ? Texts::size(photo.fileSize) : QString());
+    setFact(size, photo.fileSize > 0 ? Texts::roughSize(photo.fileSize) : QString());
+    showMarks(photo, item, photo.is(CloudOnly));
+    setFact(path, item.directory + QLatin1Char('/') + item.fileName);
+}
+
+void FactsPane::showMarks(const Photo &photo, const photoItem &item, bool lacksOriginal)
+{
     QStringList list;
     const auto add = [&list](bool holds, const QString &text) { list += holds ? QStringList(text) : QStringList(); };
     add(photo.is(Favorite), tr("Favorite"));
@@ -156,9 +215,30 @@ void FactsPane::showFile(const Photo &photo, const photoItem &item)
     add(photo.is(Burst), tr("Part of a burst"));
     add(item.cameraCaptureDevice == 1, tr("Taken with the front camera"));
     add(item.depthType == 1, tr("Taken in portrait mode"));
-    add(photo.is(CloudOnly), tr("Only in the cloud, not on the device"));
+    add(lacksOriginal, tr("Only in the cloud, not on the device"));
     setFact(marks, list.join(QLatin1Char('\n')));
-    setFact(path, item.directory + QLatin1Char('/') + item.fileName);
+}
+
+QString FactsPane::orientationText(int orientation)
+{
+    switch (orientation) {
+    case 1:
+        return tr("Upright");
+    case 2:
+        return tr("Mirrored");
+    case 3:
+        return tr("Stored upside down");
+    case 4:
+        return tr("Stored upside down, mirrored");
+    case 5:
+    case 7:
+        return tr("Stored on its side, mirrored");
+    case 6:
+    case 8:
+        return tr("Stored on its side");
+    default:
+        return {};
+    }
 }
 
 void FactsPane::showPlace(const photoItem &item)

@@ -1,6 +1,7 @@
 #include "apps/browser/page/library_page.h"
 
 #include "apps/browser/exporting/drag_out.h"
+#include "apps/browser/page/collection_titles.h"
 #include "apps/browser/page/facts_pane.h"
 #include "apps/browser/page/page_bar.h"
 #include "apps/browser/page/photo_grid.h"
@@ -159,10 +160,14 @@ void LibraryPage::setUpActions()
 
 void LibraryPage::connectAll()
 {
-    for (QTimer *pause : {&statusPause, &factsPause})
+    for (QTimer *pause : {&statusPause, &factsPause, &lackingPause})
         pause->setSingleShot(true);
     statusPause.setInterval(0);
     factsPause.setInterval(40); // keys that repeat
+    lackingPause.setInterval(500);
+    connect(&lackingPause, &QTimer::timeout, this, &LibraryPage::search);
+    connect(grid, &PhotoGrid::originalLacking, this, &LibraryPage::noteLacking);
+    connect(facts, &FactsPane::originalLacking, this, &LibraryPage::noteLacking);
     connect(&statusPause, &QTimer::timeout, this, &LibraryPage::updateStatus);
     connect(&factsPause, &QTimer::timeout, this, &LibraryPage::updateFacts);
     connect(runner, &QueryRunner::found, this, &LibraryPage::showFound);
@@ -190,6 +195,10 @@ void LibraryPage::search()
 {
     PhotoQuery query = bar->query();
     query.collection = sideBar->chosen();
+    const Snapshot &snapshot = opened->snapshot();
+    const Collection &place = snapshot.collections[static_cast<std::size_t>(query.collection)];
+    bar->setPlace(query.collection == 0 ? QString() : CollectionTitles::of(place, snapshot));
+    query.lacking = std::make_shared<const QSet<qint64>>(model->lackingOriginals());
     runner->run(query);
 }
 
@@ -277,7 +286,7 @@ void LibraryPage::updateStatus()
     qint64 bytes = 0;
     for (const int row : rows)
         bytes += std::max<qint64>(0, model->photo(row).fileSize);
-    const QString selected = tr("%Ln selected (%1)", "photos", rows.size()).arg(Texts::size(bytes));
+    const QString selected = tr("%Ln selected (%1)", "photos", rows.size()).arg(Texts::roughSize(bytes));
     Q_EMIT statusChanged(tr("%1  ·  %2", "photos shown, photos selected").arg(shown, selected));
 }
 
@@ -302,15 +311,26 @@ void LibraryPage::showMenu(const QPoint &globalPosition)
     menu->setObjectName(QStringLiteral("photoMenu"));
     menu->setAttribute(Qt::WA_DeleteOnClose);
     QAction *open = menu->addAction(tr("&Open"));
-    const int row = grid->currentIndex().row();
-    open->setEnabled(row >= 0);
-    connect(open, &QAction::triggered, this, [this, row] { Q_EMIT photosActivated(model->ids(), row); });
+    const QModelIndex current = grid->currentIndex();
+    open->setEnabled(current.isValid());
+    const qint64 id = current.isValid() ? model->idAt(current.row()) : 0;
+    connect(open, &QAction::triggered, this, [this, id] { openPhoto(id); });
     menu->setDefaultAction(open);
     menu->addAction(exportAction);
     menu->addSeparator();
     menu->addAction(copyAction);
     menu->addAction(factsAction);
     menu->popup(globalPosition);
+}
+
+// A search may have ended since the menu was opened.
+void LibraryPage::openPhoto(qint64 id)
+{
+    const int row = model->rowOf(id);
+    if (row >= 0)
+        Q_EMIT photosActivated(model->ids(), row);
+    else
+        Q_EMIT photosActivated({id}, 0);
 }
 
 void LibraryPage::startDrag()
@@ -343,6 +363,12 @@ void LibraryPage::copyNames()
         names += model->photo(row).fileName;
     if (!names.isEmpty())
         QGuiApplication::clipboard()->setText(names.join(QLatin1Char('\n')));
+}
+
+void LibraryPage::noteLacking(qint64 id)
+{
+    if (model->setLacking(id) && (bar->query().filters & OnlyOnDevice) != 0 && !lackingPause.isActive())
+        lackingPause.start();
 }
 
 void LibraryPage::saveState(QSettings &settings) const

@@ -79,8 +79,10 @@ private:
     void search();
     void showFound(const std::shared_ptr<const PhotoList> &photos);
     void updateStatus();
+    void noteLacking(qint64 id);
     void updateFacts();
     void showFacts(bool shown);
+    void openPhoto(qint64 id);
     void showMenu(const QPoint &globalPosition);
     void startDrag();
     void exportSelected();
@@ -104,7 +106,8 @@ private:
     QAction *factsAction = nullptr;
     QTimer statusPause; ///< one text for many changes
     QTimer factsPause;
-    qint64 awaited = 0; ///< to become the current photo once it is found
+    QTimer lackingPause; ///< before photos that turned out not to be on the device are left out
+    qint64 awaited = 0;  ///< to become the current photo once it is found
     std::optional<PagePlace> awaitedPlace;
 };
 

@@ -68,7 +68,7 @@ void PageBar::setUpSearch()
 {
     search->setObjectName(QStringLiteral("searchField"));
     search->setAccessibleName(tr("Search photos"));
-    search->setPlaceholderText(tr("Search name, album or date"));
+    setPlace(QString());
     search->setToolTip(tr("Names of files, titles of albums, and dates such as June 2019 or 2019-06 (Ctrl+F)"));
     search->addAction(glyphIcon(Glyph::Search), QLineEdit::LeadingPosition);
     search->setClearButtonEnabled(true);
@@ -78,6 +78,11 @@ void PageBar::setUpSearch()
     typing.setInterval(typingPause);
     connect(search, &QLineEdit::textChanged, &typing, QOverload<>::of(&QTimer::start));
     connect(&typing, &QTimer::timeout, this, &PageBar::queryChanged);
+}
+
+void PageBar::setPlace(const QString &title)
+{
+    search->setPlaceholderText(title.isEmpty() ? tr("Search name, album or date") : tr("Search in “%1”").arg(title));
 }
 
 void PageBar::setUpZoom()

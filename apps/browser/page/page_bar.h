@@ -30,6 +30,8 @@ public:
     /// Other text and filters; the order stays, and queryChanged() is not sent.
     void narrow(const QString &text, quint32 filterBits);
     void focusSearch();
+    /// Title of the collection that is searched; empty for all photos.
+    void setPlace(const QString &title);
 
     void setCellSize(int side);
     void setFactsShown(bool shown);

@@ -17,9 +17,12 @@ constexpr int scrollLabelTime = 900;               // milliseconds
 } // namespace
 
 PhotoGrid::PhotoGrid(PhotoModel &model, ThumbnailLoader &thumbnails, QWidget *parent)
-    : QListView(parent), photos(model), loader(thumbnails), cache(cacheBytes)
+    : QListView(parent), photos(model), loader(thumbnails), cache(cacheBytes), chosen(model)
 {
     setModel(&photos);
+    const QItemSelectionModel *const unused = selectionModel();
+    setSelectionModel(&chosen);
+    delete unused;
     setObjectName(QStringLiteral("photoGrid"));
     setAccessibleName(tr("Photos"));
     setSelectionMode(ExtendedSelection);
@@ -44,6 +47,9 @@ void PhotoGrid::show(const std::shared_ptr<const PhotoList> &list, bool keep)
 {
     const QVector<qint64> selected = keep ? selectedIds() : QVector<qint64>();
     const qint64 current = keep && currentIndex().isValid() ? photos.idAt(currentIndex().row()) : 0;
+    std::vector<std::pair<qint64, int>> fixed;
+    if (keep && isAskedAgain(list->query))
+        fixed = visiblePhotos();
     const qint64 anchored = keep && anchor >= 0 ? photos.idAt(anchor) : 0;
     band.reset();
     pressed = hovered = hoveredHeading = -1;
@@ -54,11 +60,29 @@ void PhotoGrid::show(const std::shared_ptr<const PhotoList> &list, bool keep)
     if (row >= 0)
         selectionModel()->setCurrentIndex(photos.index(row), QItemSelectionModel::NoUpdate);
     selectIds(selected);
-    if (row >= 0)
+    const auto still =
+        std::find_if(fixed.begin(), fixed.end(), [this](const auto &one) { return photos.rowOf(one.first) >= 0; });
+    if (still != fixed.end())
+        verticalScrollBar()->setValue(places.cell(photos.rowOf(still->first)).top() - still->second);
+    else if (row >= 0)
         scrollTo(photos.index(row));
     else
         verticalScrollBar()->setValue(0);
     requestThumbnails();
+}
+
+bool PhotoGrid::isAskedAgain(const PhotoQuery &query) const
+{
+    return photos.photos() != nullptr && photos.photos()->query.asksLike(query);
+}
+
+std::vector<std::pair<qint64, int>> PhotoGrid::visiblePhotos() const
+{
+    std::vector<std::pair<qint64, int>> visible;
+    const auto [first, behind] = visibleRows();
+    for (int row = first; row < behind; ++row)
+        visible.emplace_back(photos.idAt(row), places.cell(row).top() - verticalOffset());
+    return visible;
 }
 
 void PhotoGrid::setCellSize(int side)
@@ -201,7 +225,11 @@ void PhotoGrid::takeThumbnails(const QVector<LoadedThumbnail> &thumbnails)
     const int side = pixelsOfCell();
     bool isStale = false;
     for (const LoadedThumbnail &thumbnail : thumbnails) {
+        if (thumbnail.failed)
+            continue; // asked for again when it is wanted again
         cache.insert(thumbnail);
+        if (thumbnail.lacksOriginal)
+            Q_EMIT originalLacking(thumbnail.id);
         isStale = isStale || thumbnail.side != side;
         const int row = photos.rowOf(thumbnail.id);
         if (row >= 0)
@@ -209,19 +237,6 @@ void PhotoGrid::takeThumbnails(const QVector<LoadedThumbnail> &thumbnails)
     }
     if (isStale)
         requestThumbnails();
-}
-
-QVector<int> PhotoGrid::selectedRows() const
-{
-    QVector<int> rows;
-    const QItemSelection ranges = selectionModel()->selection();
-    for (const QItemSelectionRange &range : ranges) {
-        for (int row = range.top(); row <= range.bottom(); ++row)
-            rows += row;
-    }
-    std::sort(rows.begin(), rows.end());
-    rows.erase(std::unique(rows.begin(), rows.end()), rows.end());
-    return rows;
 }
 
 QVector<qint64> PhotoGrid::selectedIds() const
@@ -236,9 +251,13 @@ QVector<qint64> PhotoGrid::selectedIds() const
 
 void PhotoGrid::makeCurrent(int row)
 {
+    const QVector<int> rows = selectedRows();
+    const bool keep = rows.size() > 1 || rows.contains(row);
     anchor = row;
-    selectionModel()->setCurrentIndex(photos.index(row), QItemSelectionModel::ClearAndSelect);
+    selectionModel()->setCurrentIndex(photos.index(row),
+                                      keep ? QItemSelectionModel::NoUpdate : QItemSelectionModel::ClearAndSelect);
     scrollTo(photos.index(row));
+    viewport()->update();
 }
 
 void PhotoGrid::selectIds(const QVector<qint64> &ids)
@@ -250,15 +269,7 @@ void PhotoGrid::selectIds(const QVector<qint64> &ids)
             rows += row;
     }
     std::sort(rows.begin(), rows.end());
-    QItemSelection selection;
-    for (int begin = 0; begin < rows.size();) {
-        int end = begin + 1;
-        while (end < rows.size() && rows[end] == rows[end - 1] + 1)
-            ++end;
-        selection.append(QItemSelectionRange(photos.index(rows[begin]), photos.index(rows[end - 1])));
-        begin = end;
-    }
-    selectionModel()->select(selection, QItemSelectionModel::ClearAndSelect);
+    chosen.selectRows(rows);
 }
 
 void PhotoGrid::selectSection(int section)
@@ -267,23 +278,13 @@ void PhotoGrid::selectSection(int section)
         return;
     const auto [first, behind] = places.range(section);
     const bool wasSelected = isSectionSelected(section);
-    selectRange(first, behind - 1, wasSelected ? QItemSelectionModel::Deselect : QItemSelectionModel::Select);
+    chosen.selectRange(first, behind - 1, wasSelected ? QItemSelectionModel::Deselect : QItemSelectionModel::Select);
 }
 
 bool PhotoGrid::isSectionSelected(int section) const
 {
     const auto [first, behind] = places.range(section);
-    const QItemSelection ranges = selectionModel()->selection();
-    int selected = 0;
-    for (const QItemSelectionRange &range : ranges)
-        selected += std::max(0, std::min(behind - 1, range.bottom()) - std::max(first, range.top()) + 1);
-    return selected == behind - first;
-}
-
-void PhotoGrid::selectRange(int from, int to, QItemSelectionModel::SelectionFlags command)
-{
-    const auto [first, last] = std::minmax(from, to);
-    selectionModel()->select(QItemSelection(photos.index(first), photos.index(last)), command);
+    return chosen.holdsAll(first, behind);
 }
 
 void PhotoGrid::setSelection(const QRect &rectangle, QItemSelectionModel::SelectionFlags command)

@@ -2,16 +2,18 @@
 #define APPS_BROWSER_PAGE_PHOTO_GRID_H
 
 #include "apps/browser/page/cell_painter.h"
+#include "apps/browser/page/grid_band.h"
 #include "apps/browser/page/grid_layout.h"
+#include "apps/browser/page/grid_selection.h"
 #include "apps/browser/page/photo_model.h"
 #include "apps/browser/page/thumbnail_cache.h"
 
 #include <QElapsedTimer>
-#include <QItemSelection>
 #include <QListView>
 #include <QTimer>
 
 #include <optional>
+#include <vector>
 
 namespace browser
 {
@@ -30,7 +32,7 @@ public:
     PhotoGrid(PhotoModel &model, ThumbnailLoader &loader, QWidget *parent = nullptr);
 
     /// Replaces what is shown. With `keep` the selected photos and the current one stay so where they are still shown,
-    /// else the grid begins at its top.
+    /// and the same query's photos stay in their place; else the grid begins at its top.
     void show(const std::shared_ptr<const PhotoList> &list, bool keep);
 
     int cellSize() const { return metrics.cell; }
@@ -39,7 +41,8 @@ public:
 
     /// In the order of the grid.
     QVector<qint64> selectedIds() const;
-    QVector<int> selectedRows() const;
+    QVector<int> selectedRows() const { return chosen.rows(); }
+    /// Scrolls there. Several selected photos stay so; else this one is selected.
     void makeCurrent(int row);
     void selectIds(const QVector<qint64> &ids);
     /// Makes this photo the current one and leaves the selection alone; nothing happens when it is not shown.
@@ -63,9 +66,11 @@ public:
 
 Q_SIGNALS:
     void photoActivated(int row);
-    /// For the selected photos.
+    /// For the selected photos, one of which is the current one when the mouse asked for it.
     void menuRequested(const QPoint &globalPosition);
     void dragRequested();
+    /// The device said that it does not have the original.
+    void originalLacking(qint64 id);
     void cellSizeChanged(int side);
 
 protected:
@@ -91,22 +96,18 @@ protected:
     void keyPressEvent(QKeyEvent *event) override;
 
 private:
-    struct Band {
-        QPoint origin; ///< of the contents
-        QPoint end;
-        QItemSelection before;
-        QItemSelectionModel::SelectionFlags command;
-    };
-
+    /// Ids, and where on the viewport the photos begin.
+    std::vector<std::pair<qint64, int>> visiblePhotos() const;
+    bool isAskedAgain(const PhotoQuery &query) const;
     QPoint contents(const QPoint &point) const { return point + QPoint(0, verticalOffset()); }
     void requestThumbnails();
     void takeThumbnails(const QVector<LoadedThumbnail> &thumbnails);
     int pixelsOfCell() const;
-
     int pinnedSection() const;
     QRect headingRect(int section) const;
     int headingAt(const QPoint &point) const;
     bool isSectionSelected(int section) const;
+    bool looksChosen(int row) const;
     void paintCells(QPainter &painter, const QRect &dirty);
     void paintHeading(QPainter &painter, int section);
     void paintHeadings(QPainter &painter);
@@ -114,16 +115,17 @@ private:
     void paintScrollLabel(QPainter &painter);
     CellPainter &cellPainter();
 
+    void pressForMenu(int row);
     void pressCell(int row, const QMouseEvent &event);
     void startBand(const QMouseEvent &event);
     void updateBand(const QPoint &position);
+    void endBand();
     void scrollWithBand();
     void hover(const QPoint &position);
     bool moveByKey(const QKeyEvent &event);
     bool changeByKey(const QKeyEvent &event);
     int rowForKey(const QKeyEvent &event) const;
     void goTo(int row, Qt::KeyboardModifiers modifiers);
-    void selectRange(int from, int to, QItemSelectionModel::SelectionFlags command);
 
     PhotoModel &photos;
     ThumbnailLoader &loader;
@@ -131,13 +133,14 @@ private:
     GridLayout places;
     GridMetrics metrics;
     std::optional<CellPainter> painterOfCells; ///< made anew for other colours and fonts
-    int anchor = -1;                           ///< where a range that Shift extends begins
-    int pressed = -1;                          ///< a cell that the mouse went down on
+    GridSelection chosen;
+    int anchor = -1;  ///< where a range that Shift extends begins
+    int pressed = -1; ///< a cell that the mouse went down on
     bool selectOnRelease = false;
     QPoint pressedAt;
     int hovered = -1;
     int hoveredHeading = -1;
-    std::optional<Band> band;
+    std::optional<GridBand> band;
     QTimer bandScrolling;
     QTimer scrollLabel; ///< runs while the month is shown beside the scroll bar
     QString typed;      ///< the beginning of a name

@@ -72,7 +72,7 @@ void PhotoGrid::goTo(int row, Qt::KeyboardModifiers modifiers)
             anchor = std::max(0, currentIndex().row());
         const auto command =
             modifiers & Qt::ControlModifier ? QItemSelectionModel::Select : QItemSelectionModel::ClearAndSelect;
-        selectRange(anchor, row, command);
+        chosen.selectRange(anchor, row, command);
         selectionModel()->setCurrentIndex(index, QItemSelectionModel::NoUpdate);
     } else if (modifiers & Qt::ControlModifier) {
         selectionModel()->setCurrentIndex(index, QItemSelectionModel::NoUpdate);

@@ -18,8 +18,8 @@ void PhotoGrid::mousePressEvent(QMouseEvent *event)
     setFocus(Qt::MouseFocusReason);
     if (event->button() == Qt::RightButton) {
         const int row = indexAt(event->pos()).row();
-        if (row >= 0 && !selectionModel()->isSelected(photos.index(row)))
-            makeCurrent(row);
+        if (row >= 0)
+            pressForMenu(row);
         return;
     }
     if (event->button() != Qt::LeftButton)
@@ -39,6 +39,14 @@ void PhotoGrid::mousePressEvent(QMouseEvent *event)
         startBand(*event);
 }
 
+void PhotoGrid::pressForMenu(int row)
+{
+    anchor = row;
+    selectionModel()->setCurrentIndex(photos.index(row), chosen.holds(row) ? QItemSelectionModel::NoUpdate
+                                                                           : QItemSelectionModel::ClearAndSelect);
+    viewport()->update();
+}
+
 void PhotoGrid::pressCell(int row, const QMouseEvent &event)
 {
     const QModelIndex index = photos.index(row);
@@ -46,12 +54,12 @@ void PhotoGrid::pressCell(int row, const QMouseEvent &event)
     pressed = row;
     if (shift) {
         const int from = anchor >= 0 && anchor < photos.rowCount() ? anchor : row;
-        selectRange(from, row, control ? QItemSelectionModel::Select : QItemSelectionModel::ClearAndSelect);
+        chosen.selectRange(from, row, control ? QItemSelectionModel::Select : QItemSelectionModel::ClearAndSelect);
         anchor = from;
     } else if (control) {
         selectionModel()->select(index, QItemSelectionModel::Toggle);
         anchor = row;
-    } else if (selectionModel()->isSelected(index)) {
+    } else if (chosen.holds(row)) {
         selectOnRelease = true; // it may be the beginning of a drag of all that are selected
         anchor = row;
     } else {
@@ -67,23 +75,35 @@ void PhotoGrid::startBand(const QMouseEvent &event)
     if (!adds && !toggles)
         selectionModel()->clearSelection();
     const QPoint origin = contents(event.pos());
-    band = Band{origin, origin, selectionModel()->selection(),
-                toggles ? QItemSelectionModel::Toggle : QItemSelectionModel::Select};
+    band = GridBand{origin, origin, toggles};
 }
 
 void PhotoGrid::updateBand(const QPoint &position)
 {
     band->end = contents(position);
-    QItemSelection inside;
-    for (const auto &run : places.inside(QRect(band->origin, band->end).normalized()))
-        inside.append(QItemSelectionRange(photos.index(run.first), photos.index(run.second)));
-    QItemSelection selection = band->before;
-    if (selection.isEmpty())
-        selection = inside;
-    else
-        selection.merge(inside, band->command);
-    selectionModel()->select(selection, QItemSelectionModel::ClearAndSelect);
     viewport()->update();
+}
+
+void PhotoGrid::endBand()
+{
+    const GridBand ended = *band;
+    band.reset();
+    std::vector<bool> wanted(static_cast<std::size_t>(photos.rowCount()), false);
+    const QVector<int> before = chosen.rows();
+    for (const int row : before)
+        wanted[static_cast<std::size_t>(row)] = true;
+    for (const auto &run : places.inside(ended.rectangle())) {
+        for (int row = run.first; row <= run.second; ++row)
+            wanted[static_cast<std::size_t>(row)] = !ended.toggles || !chosen.holds(row);
+    }
+    QVector<int> rows;
+    for (int row = 0; row < photos.rowCount(); ++row) {
+        if (wanted[static_cast<std::size_t>(row)])
+            rows += row;
+    }
+    viewport()->update();
+    if (rows != before)
+        chosen.selectRows(rows);
 }
 
 // The further outside the mouse is, the faster.
@@ -132,10 +152,8 @@ void PhotoGrid::mouseReleaseEvent(QMouseEvent *event)
     if (event->button() != Qt::LeftButton)
         return;
     bandScrolling.stop();
-    if (band) {
-        band.reset();
-        viewport()->update();
-    }
+    if (band)
+        endBand();
     if (selectOnRelease && pressed >= 0)
         selectionModel()->select(photos.index(pressed), QItemSelectionModel::ClearAndSelect);
     selectOnRelease = false;

@@ -54,12 +54,18 @@ void PhotoGrid::paintCells(QPainter &painter, const QRect &dirty)
             continue;
         const QModelIndex index = photos.index(row);
         CellState state;
-        state.selected = selectionModel()->isSelected(index);
+        state.selected = looksChosen(row);
         state.hovered = row == hovered;
         state.focused = index == currentIndex() && hasFocus();
         const Photo &photo = photos.photo(row);
         cellPainter().draw(painter, cell, photo, cache.find(photo.id), state);
     }
+}
+
+bool PhotoGrid::looksChosen(int row) const
+{
+    const bool isInside = band && places.cell(row).intersects(band->rectangle());
+    return isInside ? !band->toggles || !chosen.holds(row) : chosen.holds(row);
 }
 
 // The section that the top of the viewport is in, whose heading stays there.

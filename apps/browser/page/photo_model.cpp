@@ -17,6 +17,13 @@ void PhotoModel::setPhotos(std::shared_ptr<const PhotoList> photos)
     endResetModel();
 }
 
+bool PhotoModel::setLacking(qint64 id)
+{
+    const int before = lacking.size();
+    lacking.insert(id);
+    return lacking.size() > before;
+}
+
 const Photo &PhotoModel::photo(int row) const
 {
     return snapshot->photos[static_cast<std::size_t>(list->rows[static_cast<std::size_t>(row)])];
@@ -52,7 +59,7 @@ QVariant PhotoModel::data(const QModelIndex &index, int role) const
         return photo(index.row()).fileName;
     case Qt::ToolTipRole:
     case Qt::AccessibleTextRole:
-        return Texts::description(photo(index.row()));
+        return Texts::description(photo(index.row()), lacking.contains(idAt(index.row())));
     default:
         return {};
     }

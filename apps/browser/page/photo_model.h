@@ -4,6 +4,7 @@
 #include "apps/browser/page/photo_query.h"
 
 #include <QAbstractListModel>
+#include <QSet>
 #include <QVector>
 
 namespace browser
@@ -22,6 +23,10 @@ public:
     /// Null before the first ones are there.
     const PhotoList *photos() const { return list.get(); }
 
+    /// The device said that it lacks the original, which the database leaves open. True when that is new.
+    bool setLacking(qint64 id);
+    const QSet<qint64> &lackingOriginals() const { return lacking; }
+
     const Photo &photo(int row) const;
     qint64 idAt(int row) const { return photo(row).id; }
     /// -1 for a photo that is not shown.
@@ -35,6 +40,7 @@ public:
 private:
     const std::shared_ptr<const Snapshot> snapshot;
     std::shared_ptr<const PhotoList> list;
+    QSet<qint64> lacking;
 };
 
 } // namespace browser

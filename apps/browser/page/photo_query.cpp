@@ -17,12 +17,18 @@ namespace
 struct Stopped {
 };
 
-bool passes(const Photo &photo, quint32 filters)
+bool isOnDevice(const Photo &photo, const PhotoQuery &query)
 {
+    return !photo.is(CloudOnly) && !(query.lacking && query.lacking->contains(photo.id));
+}
+
+bool passes(const Photo &photo, const PhotoQuery &query)
+{
+    const quint32 filters = query.filters;
     const auto fails = [filters](PhotoFilter filter, bool holds) { return (filters & filter) != 0 && !holds; };
     return !(fails(OnlyPhotos, photo.kind != MediaKind::Video) || fails(OnlyVideos, photo.kind == MediaKind::Video) ||
              fails(OnlyFavorites, photo.is(Favorite)) || fails(OnlyLivePhotos, photo.is(LivePhoto)) ||
-             fails(OnlyOnDevice, !photo.is(CloudOnly)) || fails(OnlyEdited, photo.is(Edited)) ||
+             fails(OnlyOnDevice, isOnDevice(photo, query)) || fails(OnlyEdited, photo.is(Edited)) ||
              fails(OnlyLocated, photo.is(Located)));
 }
 
@@ -42,7 +48,7 @@ public:
         for (const qint64 id : ids) {
             checkStop();
             const auto row = snapshot.rows.constFind(id);
-            if (row != snapshot.rows.constEnd() && passes(photo(*row), list.query.filters) && search.matches(*row))
+            if (row != snapshot.rows.constEnd() && passes(photo(*row), list.query) && search.matches(*row))
                 list.rows.push_back(*row);
         }
     }

@@ -4,6 +4,7 @@
 #include "apps/browser/library/snapshot.h"
 
 #include <QDate>
+#include <QSet>
 #include <QString>
 
 namespace browser
@@ -30,7 +31,14 @@ struct PhotoQuery {
     SortKey sort = SortKey::Taken;
     bool descending = true;
     quint32 filters = 0;
+    std::shared_ptr<const QSet<qint64>> lacking; ///< photos whose originals the device said it lacks; may be null
 
+    /// Whether the other one asks for the same, whatever was learnt of the device meanwhile.
+    bool asksLike(const PhotoQuery &other) const
+    {
+        return collection == other.collection && text == other.text && sort == other.sort &&
+               descending == other.descending && filters == other.filters;
+    }
     bool isNarrowed() const { return filters != 0 || !text.trimmed().isEmpty(); }
 };
 

@@ -1,5 +1,6 @@
 #include "apps/browser/page/photo_search.h"
 
+#include "apps/browser/page/collection_titles.h"
 #include "apps/browser/page/date_words.h"
 
 #include <QRegularExpression>
@@ -25,7 +26,9 @@ PhotoSearch::PhotoSearch(const Snapshot &library, const QString &text) : snapsho
 void PhotoSearch::addTitles(Word &word) const
 {
     for (const Collection &collection : snapshot.collections) {
-        if (collection.title.isEmpty() || !collection.title.contains(word.text, Qt::CaseInsensitive))
+        const bool isEverything = collection.albumId == 0 && collection.category == category::everything;
+        if (isEverything || collection.isPart ||
+            !CollectionTitles::of(collection, snapshot).contains(word.text, Qt::CaseInsensitive))
             continue;
         word.inTitledCollection.resize(snapshot.photos.size());
         for (const qint64 id : collection.photoIds) {

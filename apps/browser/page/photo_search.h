@@ -9,8 +9,8 @@
 namespace browser
 {
 
-/// Which photos a text stands for. Each of its words must be in the file name, in the title of a collection that the
-/// photo is in, or be a part of its date: "June 2019", "2019-06", "06/2019", "2019-06-24".
+/// Which photos a text stands for. Each of its words must be in the file name, in what the side bar calls a collection
+/// that the photo is in, or be a part of its date: "June 2019", "2019-06", "06/2019", "2019-06-24".
 class PhotoSearch
 {
 public:

@@ -32,16 +32,16 @@ QString Texts::size(qint64 bytes)
     return QLocale().formattedDataSize(bytes, 1, QLocale::DataSizeSIFormat);
 }
 
+QString Texts::roughSize(qint64 bytes)
+{
+    return tr("about %1", "size of a file").arg(size(bytes));
+}
+
 QString Texts::dateAndTime(qint64 date)
 {
     if (date == Photo::noDate)
         return {};
-    const QDateTime local = QDateTime::fromMSecsSinceEpoch(date);
-    const QLocale locale;
-    return tr("%1, %2 (%3)", "date, time, time zone")
-        .arg(locale.toString(local.date(), QLocale::LongFormat),
-             locale.toString(local.time(), tr("HH:mm:ss", "time of day, as QTime formats it")),
-             local.timeZoneAbbreviation());
+    return QLocale().toString(QDateTime::fromMSecsSinceEpoch(date), QLocale::LongFormat);
 }
 
 QString Texts::coordinates(double latitude, double longitude, int decimals)
@@ -72,12 +72,17 @@ QString Texts::kind(const Photo &photo)
     return photo.is(Raw) ? tr("RAW photo") : tr("Photo");
 }
 
-QString Texts::description(const Photo &photo)
+QString Texts::description(const Photo &photo, bool lacksOriginal)
 {
-    if (photo.created == Photo::noDate)
-        return tr("%1, %2", "file name, kind").arg(photo.fileName, kind(photo));
-    const QString date = QLocale().toString(QDateTime::fromMSecsSinceEpoch(photo.created), QLocale::ShortFormat);
-    return tr("%1, %2, %3", "file name, kind, date").arg(photo.fileName, kind(photo), date);
+    QStringList facts{photo.fileName, kind(photo)};
+    const auto add = [&facts](bool holds, const QString &text) { facts += holds ? QStringList(text) : QStringList(); };
+    if (photo.created != Photo::noDate)
+        facts += QLocale().toString(QDateTime::fromMSecsSinceEpoch(photo.created), QLocale::ShortFormat);
+    add(photo.kind == MediaKind::Video, duration(photo.duration));
+    add(photo.is(Favorite), tr("Favorite"));
+    add(photo.is(Burst), tr("Part of a burst"));
+    add(photo.is(CloudOnly) || lacksOriginal, tr("Only in the cloud, not on the device"));
+    return facts.join(tr(", ", "between facts of a photo"));
 }
 
 QString Texts::photoCount(int count)

@@ -21,14 +21,16 @@ public:
     static QString duration(qint32 seconds);
     /// "1.5 MB".
     static QString size(qint64 bytes);
-    /// Local date and time with its zone; empty for Photo::noDate.
+    /// "about 1.5 MB": databases hold the sizes of other files of the photo.
+    static QString roughSize(qint64 bytes);
+    /// Local date and time with its zone, as the locale writes them; empty for Photo::noDate.
     static QString dateAndTime(qint64 date);
     /// "52.2053° N, 0.1218° E", with so many decimals.
     static QString coordinates(double latitude, double longitude, int decimals);
     /// "Live Photo", "Screenshot", "Video", ...
     static QString kind(const Photo &photo);
-    /// Name, kind and date in one line, for tool tips and screen readers.
-    static QString description(const Photo &photo);
+    /// Name, kind, date and what the marks in a cell say in one line, for tool tips and screen readers.
+    static QString description(const Photo &photo, bool lacksOriginal);
     static QString photoCount(int count);
 };
 

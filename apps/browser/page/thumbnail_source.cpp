@@ -1,10 +1,21 @@
 #include "apps/browser/page/thumbnail_source.h"
 
+#include "apps/browser/media/device_read.h"
+#include "devicehost/device_host.h"
 #include "devicehost/open_error.h"
-#include "photolib/host/vdev.h"
 
 namespace browser
 {
+
+// The library tries one file after the other. Where the last one is not there, and the device is, there is no picture.
+ThumbnailAnswer LibraryThumbnails::thumbnail(qint64 id)
+{
+    ThumbnailAnswer answer;
+    answer.bytes = opened->thumbnail(id);
+    if (answer.bytes.isEmpty())
+        answer.failed = !devicehost::lastOpenError().absent || !isDeviceThere(opened->host());
+    return answer;
+}
 
 // Looked up only where the database leaves it open: each look is a question to the device.
 bool LibraryThumbnails::lacksOriginal(qint64 id)
@@ -12,16 +23,8 @@ bool LibraryThumbnails::lacksOriginal(qint64 id)
     const Photo *photo = opened->snapshot().find(id);
     if (photo == nullptr || !photo->is(InCloud))
         return false;
-    VDev *const device = vDevOpen(VDevDevice, opened->deviceName().toUtf8().constData());
-    if (device == nullptr)
-        return false;
-    const QString path = QLatin1Char('/') + opened->devicePath(id);
-    VFile *const file = vFileOpen(device, path.toUtf8().constData(), 0);
-    const bool isAbsent = file == nullptr && devicehost::lastOpenError().absent;
-    if (file != nullptr)
-        vFileClose(file);
-    vDevClose(device);
-    return isAbsent;
+    const std::optional<photoItem> item = opened->item(id);
+    return item && lookAtDeviceFile(opened->host(), originalPathOf(*item)).end == ReadEnd::Absent;
 }
 
 } // namespace browser

@@ -10,14 +10,20 @@
 namespace browser
 {
 
+/// What a request for a thumbnail brought.
+struct ThumbnailAnswer {
+    QByteArray bytes;    ///< of a small picture; empty when there is none
+    bool failed = false; ///< whether there is one was not found out: the device is gone or did not answer
+};
+
 /// Where thumbnails come from. Called by several threads at once.
 class ThumbnailSource
 {
 public:
     virtual ~ThumbnailSource() = default;
 
-    /// The bytes of a small picture; empty when there is none or it cannot be read. May wait for the device.
-    virtual QByteArray thumbnail(qint64 id) = 0;
+    /// May wait for the device.
+    virtual ThumbnailAnswer thumbnail(qint64 id) = 0;
 
     /// Whether the original of a photo whose thumbnail was read is certainly not on the device. May wait for it.
     virtual bool lacksOriginal(qint64 id) = 0;
@@ -32,7 +38,7 @@ class LibraryThumbnails : public ThumbnailSource
 public:
     explicit LibraryThumbnails(std::shared_ptr<OpenedLibrary> library) : opened(std::move(library)) {}
 
-    QByteArray thumbnail(qint64 id) override { return opened->thumbnail(id); }
+    ThumbnailAnswer thumbnail(qint64 id) override;
     bool lacksOriginal(qint64 id) override;
     bool isStopped() const override { return opened->isStopped(); }
 

@@ -1,5 +1,6 @@
 #include "apps/browser/viewer/film_copy.h"
 
+#include "apps/browser/library/background.h"
 #include "apps/browser/media/device_read.h"
 #include "devicehost/device_host.h"
 #include "devicehost/private_folder.h"
@@ -13,6 +14,8 @@ namespace browser
 namespace
 {
 
+constexpr qint32 videoType = 1; // photoItem::mediaType
+
 // What the system opens with a player, and never runs.
 bool hasFilmName(const QString &path)
 {
@@ -22,6 +25,7 @@ bool hasFilmName(const QString &path)
     return extensions.contains(QFileInfo(path).suffix().toLower());
 }
 
+// In this order; an edited video as the device shows it, where it has the result of the edits.
 QStringList candidates(OpenedLibrary &library, qint64 id, FilmPart part)
 {
     const std::optional<photoItem> photo = library.item(id);
@@ -29,22 +33,10 @@ QStringList candidates(OpenedLibrary &library, qint64 id, FilmPart part)
     if (original.isEmpty())
         return {};
     if (part == FilmPart::Original)
-        return {original};
+        return photo->mediaType == videoType ? renderedPathsOf(*photo) << original : QStringList(original);
     const QFileInfo file(original);
     const QString stem = file.path() + QLatin1Char('/') + file.completeBaseName();
     return {stem + QStringLiteral(".MOV"), stem + QStringLiteral(".mov")};
-}
-
-// The file itself, when the device is a folder of this computer and the file really lies in it; else empty.
-QString localFile(const OpenedLibrary &library, const QString &path)
-{
-    const QString scheme = QStringLiteral("folder:");
-    if (!library.deviceName().startsWith(scheme) || !hasFilmName(path))
-        return {};
-    const QString root = QFileInfo(library.deviceName().mid(scheme.size())).canonicalFilePath();
-    const QFileInfo file(QFileInfo(root + path).canonicalFilePath());
-    const bool isInside = !root.isEmpty() && file.filePath().startsWith(root + QLatin1Char('/'));
-    return isInside && file.isFile() && hasFilmName(file.filePath()) ? file.filePath() : QString();
 }
 
 QString nameFor(const QString &path)
@@ -56,10 +48,21 @@ QString nameFor(const QString &path)
     return stem.left(80) + QLatin1Char('.') + (hasFilmName(path) ? file.suffix() : QStringLiteral("mov"));
 }
 
+// Wherever the last one who holds it lets it go: it may take long to remove gigabytes.
+void removeBesides(devicehost::PrivateFolder *folder)
+{
+    try {
+        if (startBackground([folder] { delete folder; }))
+            return;
+    } catch (const std::bad_alloc &) {
+    }
+    delete folder;
+}
+
 Film copied(OpenedLibrary &library, const QString &path, const CopyProgress &progress)
 {
     Film film;
-    film.folder = std::make_shared<devicehost::PrivateFolder>();
+    film.folder.reset(new devicehost::PrivateFolder, removeBesides);
     film.path = QString::fromUtf8(film.folder->path()) + nameFor(path);
     if (film.folder->path().isEmpty()) {
         film.state = CopyEnd::CannotWrite;
@@ -78,11 +81,6 @@ Film fetchFilm(OpenedLibrary &library, qint64 id, FilmPart part, const CopyProgr
 {
     Film film;
     for (const QString &path : candidates(library, id, part)) {
-        film.path = localFile(library, path);
-        if (!film.path.isEmpty()) {
-            film.state = CopyEnd::Complete;
-            return film;
-        }
         film = copied(library, path, progress);
         if (film.state != CopyEnd::Absent)
             return film;

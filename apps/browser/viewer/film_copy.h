@@ -23,12 +23,12 @@ struct Film {
     CopyEnd state = CopyEnd::Absent;
     QString reason;                                    ///< for ReadFailed and CannotWrite; may be empty
     QString path;                                      ///< for Complete
-    std::shared_ptr<devicehost::PrivateFolder> folder; ///< holds a copy; null where the file itself can be opened
+    std::shared_ptr<devicehost::PrivateFolder> folder; ///< holds the film, and is removed in the background
 };
 
-/// Brings a film to this computer: in a folder that nobody else can read. Where the device is a folder of this
-/// computer, the answer is the file in it. The name that a player gets ends like that of a film, whatever the device
-/// calls it. Blocks; any thread. Throws std::bad_alloc.
+/// Copies a film to this computer, into a folder that nobody else can read: no other program gets a file of a device,
+/// which it might change, not even of one that is a folder of this computer. The name that a player gets ends like that
+/// of a film, whatever the device calls it. Blocks; any thread. Throws std::bad_alloc.
 Film fetchFilm(OpenedLibrary &library, qint64 id, FilmPart part, const CopyProgress &progress);
 
 } // namespace browser

@@ -1,11 +1,15 @@
 #include "apps/browser/viewer/film_player.h"
 
+#include "apps/browser/library/background.h"
+
 #include <QDesktopServices>
 #include <QElapsedTimer>
 #include <QFileInfo>
 #include <QUrl>
 
 #include <algorithm>
+#include <atomic>
+#include <functional>
 #include <new>
 
 namespace browser
@@ -19,82 +23,98 @@ constexpr qint64 reportInterval = 100; // milliseconds
 
 } // namespace
 
+/// One film that is wanted; shared with the thread that fetches it.
+struct FilmPlayer::Job {
+    qint64 id;
+    FilmPart part;
+    Film copy; ///< one that was kept
+    std::atomic<bool> cancelled{false};
+
+    Film fetch(OpenedLibrary &library, const CopyProgress &tell)
+    {
+        // Cleaners of temporary files may have taken it.
+        if (copy.state == CopyEnd::Complete && QFileInfo::exists(copy.path))
+            return copy;
+        QElapsedTimer sinceReport;
+        return fetchFilm(library, id, part, [&](qint64 done, qint64 total) {
+            if (!sinceReport.isValid() || sinceReport.elapsed() >= reportInterval) {
+                sinceReport.start();
+                tell(done, total);
+            }
+            return !cancelled.load();
+        });
+    }
+};
+
 FilmPlayer::FilmPlayer(std::shared_ptr<OpenedLibrary> library, QObject *parent)
-    : QObject(parent), opening(std::move(library))
+    : QObject(parent), opening(std::move(library)), mailbox(std::make_shared<Mailbox>(this))
 {
 }
 
 FilmPlayer::~FilmPlayer()
 {
+    mailbox->close();
     cancel();
-    for (Job &job : jobs)
-        job.thread.join();
 }
 
 void FilmPlayer::cancel()
 {
-    busy = false;
-    for (Job &job : jobs)
-        job.cancelled.store(true);
+    if (job)
+        job->cancelled.store(true);
+    job.reset();
 }
 
 void FilmPlayer::play(qint64 id, FilmPart part)
 {
     cancel();
-    const auto known = std::find_if(kept.begin(), kept.end(), [&](const Kept &other) {
-        return other.id == id && other.part == part && QFileInfo::exists(other.film.path);
-    });
-    if (known != kept.end()) {
-        open(id, known->film.path);
-        return;
-    }
-    busy = true;
-    Job &job = jobs.emplace_back();
-    job.number = ++lastNumber;
-    job.thread = std::thread([this, id, part, &job] { work(id, part, job); });
-}
-
-void FilmPlayer::work(qint64 id, FilmPart part, Job &job)
-{
-    Film film;
-    QElapsedTimer sinceReport;
-    const int number = job.number;
-    try {
-        film = fetchFilm(*opening, id, part, [&](qint64 done, qint64 total) {
-            if (!sinceReport.isValid() || sinceReport.elapsed() >= reportInterval) {
-                sinceReport.start();
-                QMetaObject::invokeMethod(this, [this, done, total, number] {
-                    if (busy && number == lastNumber)
-                        Q_EMIT progress(done, total);
-                });
-            }
-            return !job.cancelled.load();
+    job = std::make_shared<Job>();
+    job->id = id;
+    job->part = part;
+    const auto known =
+        std::find_if(kept.begin(), kept.end(), [&](const Kept &other) { return other.id == id && other.part == part; });
+    if (known != kept.end())
+        job->copy = known->film;
+    const auto answer = [this, box = mailbox, mine = job](const Film &film) {
+        box->post([this, mine, film] { finish(*mine, film); });
+    };
+    const auto tell = [this, box = mailbox, mine = job](qint64 done, qint64 total) {
+        return box->post([this, mine, done, total] {
+            if (job == mine)
+                Q_EMIT progress(done, total);
         });
-    } catch (const std::bad_alloc &) {
-        film = Film();
-        film.state = CopyEnd::ReadFailed;
+    };
+    const bool started = startBackground([answer, tell, mine = job, library = opening] {
+        Film film;
+        try {
+            film = mine->fetch(*library, tell);
+        } catch (const std::bad_alloc &) {
+            film = Film();
+            film.state = CopyEnd::ReadFailed;
+        }
+        answer(film);
+    });
+    if (!started) {
+        Film none;
+        none.state = CopyEnd::ReadFailed;
+        answer(none);
     }
-    QMetaObject::invokeMethod(this, [this, number, id, part, film] { finish(number, id, part, film); });
 }
 
-void FilmPlayer::finish(int number, qint64 id, FilmPart part, const Film &film)
+void FilmPlayer::finish(const Job &ended, const Film &film)
 {
-    const bool isWanted = busy && number == lastNumber;
-    const auto job =
-        std::find_if(jobs.begin(), jobs.end(), [number](const Job &other) { return other.number == number; });
-    job->thread.join();
-    jobs.erase(job);
-    if (!isWanted)
+    if (job.get() != &ended)
         return;
-    busy = false;
+    job.reset();
     if (film.state != CopyEnd::Complete) {
-        Q_EMIT failed(id, film);
+        Q_EMIT failed(ended.id, film);
         return;
     }
-    kept.push_back({id, part, film});
+    const auto isSame = [&ended](const Kept &other) { return other.id == ended.id && other.part == ended.part; };
+    kept.erase(std::remove_if(kept.begin(), kept.end(), isSame), kept.end());
+    kept.push_back({ended.id, ended.part, film});
     if (kept.size() > mostKept)
         kept.pop_front();
-    open(id, film.path);
+    open(ended.id, film.path);
 }
 
 void FilmPlayer::open(qint64 id, const QString &path)

@@ -1,22 +1,19 @@
 #ifndef APPS_BROWSER_VIEWER_FILM_PLAYER_H
 #define APPS_BROWSER_VIEWER_FILM_PLAYER_H
 
+#include "apps/browser/library/mailbox.h"
 #include "apps/browser/viewer/film_copy.h"
 
 #include <QObject>
 
-#include <atomic>
 #include <deque>
-#include <list>
-#include <thread>
 
 namespace browser
 {
 
 /// Opens films in the system's player. What it copies for that goes with it. One film at a time.
 ///
-/// User-interface thread, and no function waits; films are copied on threads of their own, for which the destructor
-/// waits.
+/// User-interface thread. Nothing waits, the destructor neither: what is being copied is given up and removed.
 class FilmPlayer : public QObject
 {
     Q_OBJECT
@@ -25,7 +22,7 @@ public:
     explicit FilmPlayer(std::shared_ptr<OpenedLibrary> library, QObject *parent = nullptr);
     ~FilmPlayer() override;
 
-    bool isBusy() const { return busy; }
+    bool isBusy() const { return job != nullptr; }
 
     /// Gives up what it is busy with.
     void play(qint64 id, FilmPart part);
@@ -46,20 +43,14 @@ private:
         Film film;
     };
 
-    struct Job {
-        int number = 0;
-        std::atomic<bool> cancelled{false};
-        std::thread thread;
-    };
+    struct Job;
 
-    void work(qint64 id, FilmPart part, Job &job);
-    void finish(int number, qint64 id, FilmPart part, const Film &film);
+    void finish(const Job &ended, const Film &film);
     void open(qint64 id, const QString &path);
 
     const std::shared_ptr<OpenedLibrary> opening;
-    std::list<Job> jobs; ///< the newest is the last; the others were given up and end soon
-    int lastNumber = 0;
-    bool busy = false;
+    const std::shared_ptr<Mailbox> mailbox;
+    std::shared_ptr<Job> job; ///< null when nothing is wanted
     std::deque<Kept> kept;
 };
 

@@ -81,6 +81,15 @@ QPainterPath pathOf(ViewerGlyph glyph)
         path.addEllipse(QPointF(12, 9.5), 0.6, 0.6);
         path.addEllipse(QPointF(12, 15), 0.6, 0.6);
         break;
+    case ViewerGlyph::Compare:
+        path.addRect(4, 6, 16, 12);
+        addLine(path, 12, 3, 12, 21);
+        break;
+    case ViewerGlyph::Info:
+        path.addEllipse(QPointF(12, 12), 8.5, 8.5);
+        addLine(path, 12, 11, 12, 16.5);
+        path.addEllipse(QPointF(12, 7.8), 0.5, 0.5);
+        break;
     case ViewerGlyph::Play:
         addPolyline(path, {{7.5, 5}, {18.5, 12}, {7.5, 19}});
         path.closeSubpath();

@@ -4,11 +4,15 @@
 #include <QImage>
 #include <QMetaType>
 
+#include <functional>
 #include <memory>
 #include <vector>
 
 namespace browser
 {
+
+/// Asked now and then by what takes long; true ends it.
+using GiveUp = std::function<bool()>;
 
 /// Why there is no picture.
 enum class PictureProblem {
@@ -31,6 +35,13 @@ struct Frame {
     int milliseconds = 0; ///< how long it is shown
 };
 
+/// What a picture shows of the edits that were made on the device.
+enum class PictureEdits {
+    None,   ///< there are none
+    Shown,  ///< their result
+    Hidden, ///< the original, though there are edits
+};
+
 /// A decoded picture, upright, in colours of the screen. Never changed once it is made, so that threads share it.
 struct Picture {
     PictureProblem problem = PictureProblem::None;
@@ -39,6 +50,7 @@ struct Picture {
     std::vector<QImage> levels; ///< the whole picture, half of it in each direction, a quarter, ...
     std::vector<Frame> frames;  ///< of an animation, else empty; may be smaller than `size`
     bool isPreview = false;     ///< the small picture that a RAW file brings along
+    PictureEdits edits = PictureEdits::None;
 
     bool isGood() const { return problem == PictureProblem::None; }
 

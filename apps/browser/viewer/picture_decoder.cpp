@@ -60,12 +60,13 @@ double animationScale(const QSize &size, int count)
     return std::min(1.0, std::sqrt(static_cast<double>(mostAnimationBytes) / bytes));
 }
 
-SharedPicture still(QImage image)
+SharedPicture still(QImage image, const GiveUp &givenUp)
 {
     auto picture = std::make_shared<Picture>();
     picture->size = image.size();
-    picture->levels = levelsOf(forScreen(std::move(image)));
-    return picture;
+    if (!givenUp())
+        picture->levels = levelsOf(forScreen(std::move(image)), givenUp);
+    return picture->levels.empty() ? noPicture(PictureProblem::GivenUp) : picture;
 }
 
 class QtDecoder
@@ -96,7 +97,7 @@ public:
         const QImage image = reader.read();
         if (image.isNull() || sizeProblem(image.size()) != PictureProblem::None)
             return noPicture(PictureProblem::Damaged);
-        return still(upright(image, orientation));
+        return still(upright(image, orientation), givenUp);
     }
 
 private:
@@ -127,7 +128,7 @@ private:
     int orientation;
 };
 
-SharedPicture decodeRaw(const RawFile &raw)
+SharedPicture decodeRaw(const RawFile &raw, const GiveUp &givenUp)
 {
     if (raw.previewJpeg.isEmpty())
         return noPicture(PictureProblem::RawWithoutPreview);
@@ -139,7 +140,7 @@ SharedPicture decodeRaw(const RawFile &raw)
     const QImage image = reader.read();
     if (image.isNull())
         return noPicture(PictureProblem::RawWithoutPreview);
-    auto picture = std::make_shared<Picture>(*still(upright(image, raw.orientation)));
+    auto picture = std::make_shared<Picture>(*still(upright(image, raw.orientation), givenUp));
     picture->isPreview = true;
     return picture;
 }
@@ -151,14 +152,15 @@ SharedPicture decodeUnguarded(const QByteArray &bytes, const QString &fileName, 
         return noPicture(PictureProblem::Empty);
     if (isHeif(bytes)) {
         HeifImage decoded = decodeHeif(bytes, mostPicturePixels);
-        return decoded.problem == PictureProblem::None ? still(std::move(decoded.image)) : noPicture(decoded.problem);
+        return decoded.problem == PictureProblem::None ? still(std::move(decoded.image), givenUp)
+                                                       : noPicture(decoded.problem);
     }
     const QByteArray format = qtFormatOf(bytes);
     if (format.isEmpty())
         return noPicture(PictureProblem::UnknownFormat);
     if (format == "tiff") {
         if (const RawFile raw = examineRaw(bytes, fileName); raw.isRaw)
-            return decodeRaw(raw);
+            return decodeRaw(raw, givenUp);
     }
     if (!QImageReader::supportedImageFormats().contains(format))
         return noPicture(PictureProblem::UnknownFormat);
@@ -185,6 +187,7 @@ QImage decodeThumbnail(const QByteArray &bytes)
     QBuffer buffer;
     buffer.setData(bytes);
     QImageReader reader(&buffer, format);
+    reader.setAutoTransform(true);
     const QSize size = reader.size();
     if (size.isEmpty() || size.width() > largestThumbnail || size.height() > largestThumbnail)
         return {};

@@ -3,13 +3,8 @@
 
 #include "apps/browser/viewer/picture.h"
 
-#include <functional>
-
 namespace browser
 {
-
-/// Asked now and then by what takes long; true ends it.
-using GiveUp = std::function<bool()>;
 
 /// Most pixels of one picture, and most bytes of all pictures of an animation.
 inline constexpr qint64 mostPicturePixels = 128 * 1000 * 1000;
@@ -26,7 +21,8 @@ inline constexpr qint64 mostAnimationBytes = 256 * 1024 * 1024;
 SharedPicture decodePicture(const QByteArray &bytes, const QString &fileName, int libraryOrientation,
                             const GiveUp &givenUp);
 
-/// A thumbnail of a device, which is upright. Null when it cannot be decoded or is larger than 4096 x 4096.
+/// A thumbnail of a device, which is upright unless it says otherwise itself. Null when it cannot be decoded or is
+/// larger than 4096 x 4096.
 QImage decodeThumbnail(const QByteArray &bytes);
 
 } // namespace browser

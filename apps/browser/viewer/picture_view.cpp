@@ -18,6 +18,18 @@ constexpr double zoomStep = 1.25;
 constexpr double wheelNotch = 120; // eighths of a degree, as QWheelEvent counts them
 constexpr int checkSize = 8;
 
+// As large as the picture; what has another shape, as a thumbnail that was cut square, keeps its own.
+QSize sizeOfStand(const QSize &small, const QSize &picture)
+{
+    constexpr double roundingOfThumbnails = 0.03;
+    if (picture.isEmpty())
+        return small;
+    const QSize own = small.scaled(picture, Qt::KeepAspectRatio);
+    const bool isSameShape = own.width() > picture.width() * (1 - roundingOfThumbnails) &&
+                             own.height() > picture.height() * (1 - roundingOfThumbnails);
+    return isSameShape ? picture : own;
+}
+
 } // namespace
 
 PictureView::PictureView(QWidget *parent) : QWidget(parent)
@@ -46,7 +58,7 @@ void PictureView::setPlaceholder(const QImage &small, const QSize &size)
     shown.reset();
     frameTimer.stop();
     stand = small;
-    place.setPictureSize(size.isEmpty() ? small.size() : size);
+    place.setPictureSize(sizeOfStand(small.size(), size));
     moved();
 }
 

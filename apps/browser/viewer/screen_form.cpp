@@ -28,10 +28,12 @@ QImage forScreen(QImage image)
     return image;
 }
 
-std::vector<QImage> levelsOf(QImage image)
+std::vector<QImage> levelsOf(QImage image, const GiveUp &givenUp)
 {
     std::vector<QImage> levels{std::move(image)};
     while (std::max(levels.back().width(), levels.back().height()) > smallEnough) {
+        if (givenUp())
+            return {};
         const QSize half((levels.back().width() + 1) / 2, (levels.back().height() + 1) / 2);
         levels.push_back(levels.back().scaled(half, Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
         if (levels.back().isNull())

@@ -1,7 +1,7 @@
 #ifndef APPS_BROWSER_VIEWER_SCREEN_FORM_H
 #define APPS_BROWSER_VIEWER_SCREEN_FORM_H
 
-#include <QImage>
+#include "apps/browser/viewer/picture.h"
 
 #include <vector>
 
@@ -13,8 +13,8 @@ namespace browser
 QImage forScreen(QImage image);
 
 /// The picture, half of it in each direction, a quarter, ... until it is small: what is painted never skips pixels, and
-/// painting costs as much as the window has pixels, not the picture. Throws std::bad_alloc.
-std::vector<QImage> levelsOf(QImage image);
+/// painting costs as much as the window has pixels, not the picture. Empty when it was given up. Throws std::bad_alloc.
+std::vector<QImage> levelsOf(QImage image, const GiveUp &givenUp);
 
 } // namespace browser
 

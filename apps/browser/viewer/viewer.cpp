@@ -1,5 +1,6 @@
 #include "apps/browser/viewer/viewer.h"
 
+#include "apps/browser/page/facts_pane.h"
 #include "apps/browser/viewer/film_player.h"
 #include "apps/browser/viewer/orientation.h"
 #include "apps/browser/viewer/overlays.h"
@@ -9,6 +10,7 @@
 #include "apps/browser/viewer/viewer_texts.h"
 
 #include <QGridLayout>
+#include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLocale>
 #include <QVBoxLayout>
@@ -35,9 +37,9 @@ Viewer::Viewer(std::shared_ptr<OpenedLibrary> library, QWidget *parent)
 
 Viewer::Viewer(std::shared_ptr<OpenedLibrary> library, std::shared_ptr<PictureSource> pictures, QWidget *parent)
     : QWidget(parent), opened(std::move(library)), bar(new ViewerBar(this)), view(new PictureView(this)),
-      spinner(new BusySpinner(view)), play(new PlayButton(view)), problem(new ProblemPanel(view)),
-      filmPanel(new FilmPanel(view)), loader(new PictureLoader(std::move(pictures), this)),
-      player(new FilmPlayer(opened, this))
+      facts(new FactsPane(opened, this)), spinner(new BusySpinner(view)), play(new PlayButton(view)),
+      problem(new ProblemPanel(view)), filmPanel(new FilmPanel(view)),
+      loader(new PictureLoader(std::move(pictures), this)), player(new FilmPlayer(opened, this))
 {
     setObjectName(QStringLiteral("viewer"));
     arrange();
@@ -54,7 +56,13 @@ void Viewer::arrange()
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(0);
     column->addWidget(bar);
-    column->addWidget(view, 1);
+    auto *line = new QHBoxLayout;
+    line->setSpacing(0);
+    line->addWidget(view, 1);
+    line->addWidget(facts);
+    column->addLayout(line, 1);
+    facts->setFixedWidth(facts->sizeHint().width());
+    facts->hide();
     auto *over = new QGridLayout(view);
     for (QWidget *widget : {static_cast<QWidget *>(spinner), static_cast<QWidget *>(play),
                             static_cast<QWidget *>(problem), static_cast<QWidget *>(filmPanel)})
@@ -77,6 +85,8 @@ void Viewer::connectBar()
     connect(bar->zoomOut, &QToolButton::clicked, view, &PictureView::zoomOut);
     connect(bar->fit, &QToolButton::clicked, view, &PictureView::fit);
     connect(bar->actualSize, &QToolButton::clicked, view, &PictureView::showActualSize);
+    connect(bar->original, &QToolButton::clicked, this, &Viewer::loadCurrent);
+    connect(bar->facts, &QToolButton::toggled, this, &Viewer::showFacts);
     connect(bar->playLive, &QToolButton::clicked, this, [this] { playCurrent(FilmPart::Live); });
     connect(bar->exportPhoto, &QToolButton::clicked, this,
             [this] { Q_EMIT exportRequested(QVector<qint64>(1, currentId())); });
@@ -139,11 +149,13 @@ void Viewer::showCurrent()
 
 void Viewer::describeCurrent()
 {
-    const QString date = item.dateCreated.isValid()
-                             ? QLocale().toString(item.dateCreated.toLocalTime(), QLocale::LongFormat)
-                             : tr("Unknown date");
+    date = item.dateCreated.isValid() ? QLocale().toString(item.dateCreated.toLocalTime(), QLocale::LongFormat)
+                                      : tr("Unknown date");
     bar->showPhoto(item.fileName, date, QString());
     bar->showPosition(index + 1, count());
+    showFacts(bar->facts->isChecked());
+    bar->original->setChecked(false);
+    bar->original->setVisible(!film && item.hasAdjustments != 0);
     bar->playLive->setVisible(!film && item.kindSubtype == livePhotoKind);
     view->setAccessibleName(item.fileName);
     view->setAccessibleDescription(date);
@@ -153,7 +165,31 @@ void Viewer::describeCurrent()
 PictureRequest Viewer::requestFor(int at) const
 {
     const Photo *const photo = opened->snapshot().find(idAt(at));
-    return {idAt(at), at == index ? film : photo != nullptr && photo->kind == MediaKind::Video};
+    if (at != index)
+        return {idAt(at), photo != nullptr && photo->kind == MediaKind::Video};
+    return {idAt(at), film, bar->original->isChecked() ? PictureVersion::Original : PictureVersion::Latest};
+}
+
+void Viewer::toggleOriginal()
+{
+    if (!bar->original->isHidden())
+        bar->original->click();
+}
+
+void Viewer::showFacts(bool shown)
+{
+    facts->setVisible(shown);
+    if (shown)
+        facts->showPhoto(currentId());
+}
+
+QString Viewer::noteOn(const Picture &picture) const
+{
+    if (picture.edits == PictureEdits::Shown)
+        return tr("edited on the device");
+    if (picture.edits == PictureEdits::Hidden)
+        return tr("original; edited on the device");
+    return picture.isPreview ? tr("preview of a RAW photo") : QString();
 }
 
 void Viewer::loadCurrent()
@@ -163,8 +199,9 @@ void Viewer::loadCurrent()
     for (const int at : {index + 1, index - 1})
         if (at >= 0 && at < count())
             neighbours.append(requestFor(at));
-    const SharedPicture ready = loader->cached(currentId());
-    loader->load(requestFor(index), neighbours);
+    const PictureRequest current = requestFor(index);
+    const SharedPicture ready = loader->cached(current.id, current.version);
+    loader->load(current, neighbours);
     if (ready != nullptr && !film)
         showPicture(currentId(), ready);
     else
@@ -187,9 +224,9 @@ void Viewer::showPicture(qint64 id, const SharedPicture &picture)
         return;
     spinner->stop();
     if (picture->isGood()) {
+        const QString note = noteOn(*picture);
         view->setPicture(picture);
-        if (picture->isPreview)
-            bar->showPhoto(item.fileName, view->accessibleDescription(), tr("preview of a RAW photo"));
+        bar->showPhoto(item.fileName, date, note);
         return;
     }
     problem->showText(problemText(*picture, placeOfCurrent()), true);
@@ -337,12 +374,16 @@ void Viewer::keyPressEvent(QKeyEvent *event)
         setFullScreen(false);
     else if (key == Qt::Key_Escape || event->matches(QKeySequence::Back))
         leave();
+    else if (key == Qt::Key_F9)
+        bar->facts->toggle();
     else if (key == Qt::Key_F11 || (!control && key == Qt::Key_F))
         setFullScreen(!fillsScreen());
     else if (film && (key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_P))
         playCurrent(FilmPart::Original);
     else if (!bar->playLive->isHidden() && key == Qt::Key_P)
         playCurrent(FilmPart::Live);
+    else if (!control && key == Qt::Key_O)
+        toggleOriginal();
     else if (control && key == Qt::Key_E)
         Q_EMIT exportRequested(QVector<qint64>(1, currentId()));
     else

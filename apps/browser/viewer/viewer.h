@@ -13,6 +13,7 @@ namespace browser
 {
 
 class BusySpinner;
+class FactsPane;
 class FilmPanel;
 class FilmPlayer;
 class PictureLoader;
@@ -64,6 +65,9 @@ private:
     void goTo(int index);
     void showCurrent();
     void describeCurrent();
+    void toggleOriginal();
+    void showFacts(bool shown);
+    QString noteOn(const Picture &picture) const;
     void loadCurrent();
     void showThumbnail(qint64 id, const QImage &thumbnail);
     void showPicture(qint64 id, const std::shared_ptr<const Picture> &picture);
@@ -86,9 +90,11 @@ private:
     int index = -1;    ///< of the current one; -1 for none
     photoItem item;    ///< of the current photo
     bool film = false; ///< whether the current photo is a video
+    QString date;      ///< of the current photo, as it is shown
 
     ViewerBar *const bar;
     PictureView *const view;
+    FactsPane *const facts;
     BusySpinner *const spinner;
     PlayButton *const play;
     ProblemPanel *const problem;

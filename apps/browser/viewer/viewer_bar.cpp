@@ -37,9 +37,11 @@ ViewerBar::ViewerBar(QWidget *parent)
       zoomIn(makeButton(ViewerGlyph::ZoomIn, "zoomInButton", tr("Larger"), keyText(Qt::Key_Plus))),
       fit(makeButton(ViewerGlyph::Fit, "fitButton", tr("Fit into the window"), keyText(Qt::Key_0))),
       actualSize(makeButton(ViewerGlyph::ActualSize, "actualSizeButton", tr("Actual size"), keyText(Qt::Key_1))),
+      original(makeButton(ViewerGlyph::Compare, "originalButton", tr("Show the original"), keyText(Qt::Key_O))),
       playLive(makeButton(ViewerGlyph::Play, "playLiveButton", tr("Play the Live Photo"), keyText(Qt::Key_P))),
       exportPhoto(makeButton(ViewerGlyph::Export, "exportButton", tr("Export…"),
                              QKeySequence(Qt::CTRL | Qt::Key_E).toString(QKeySequence::NativeText))),
+      facts(makeButton(ViewerGlyph::Info, "viewerFactsButton", tr("Facts"), keyText(Qt::Key_F9))),
       fullScreen(makeButton(ViewerGlyph::FullScreen, "fullScreenButton", tr("Full screen"), keyText(Qt::Key_F))),
       name(namedLabel("photoName")), details(namedLabel("photoDetails")), position(namedLabel("photoPosition")),
       zoomText(namedLabel("zoomText"))
@@ -51,6 +53,9 @@ ViewerBar::ViewerBar(QWidget *parent)
     details->setForegroundRole(QPalette::WindowText);
     zoomText->setAlignment(Qt::AlignCenter);
     zoomText->setMinimumWidth(fontMetrics().horizontalAdvance(QStringLiteral("1600 %")));
+    original->setCheckable(true);
+    facts->setCheckable(true);
+    original->hide();
     playLive->hide();
     arrange();
 }
@@ -92,8 +97,10 @@ void ViewerBar::arrange()
     row->addWidget(fit);
     row->addWidget(actualSize);
     row->addSpacing(12);
+    row->addWidget(original);
     row->addWidget(playLive);
     row->addWidget(exportPhoto);
+    row->addWidget(facts);
     row->addWidget(fullScreen);
 }
 
@@ -101,7 +108,7 @@ void ViewerBar::showPhoto(const QString &fileName, const QString &date, const QS
 {
     name->setText(fileName);
     name->setToolTip(fileName);
-    details->setText(note.isEmpty() ? date : tr("%1 — %2", "date, and a note about the photo").arg(date, note));
+    details->setText(note.isEmpty() ? date : tr("%1 — %2", "a note about the photo, and its date").arg(note, date));
     details->setToolTip(details->text());
 }
 

@@ -32,8 +32,10 @@ public:
     QToolButton *const zoomIn;
     QToolButton *const fit;
     QToolButton *const actualSize;
+    QToolButton *const original; ///< checked: shown as it was before it was edited
     QToolButton *const playLive;
     QToolButton *const exportPhoto;
+    QToolButton *const facts;
     QToolButton *const fullScreen;
 
 private:

@@ -2,6 +2,7 @@
 
 #include "apps/browser/page/photo_grid.h"
 #include "apps/browser/page/side_bar.h"
+#include "apps/browser/page/texts.h"
 #include "tests/browser/page/made_thumbnails.h"
 #include "tests/browser/support/opened_folder.h"
 #include "tests/cli/sample/sample_folder.h"
@@ -9,6 +10,7 @@
 #include <QAction>
 #include <QClipboard>
 #include <QElapsedTimer>
+#include <QFileInfo>
 #include <QGuiApplication>
 #include <QLabel>
 #include <QLineEdit>
@@ -203,6 +205,26 @@ TEST_F(Page, ABandSelectsWhatItTouches)
     EXPECT_TRUE(page->selectedPhotos().isEmpty());
 }
 
+TEST_F(Page, ABandShowsWhatItTouchesAndSelectsItOnceWhenItEnds)
+{
+    QSignalSpy changes(grid->selectionModel(), &QItemSelectionModel::selectionChanged);
+    const QRect first = grid->visualRect(grid->model()->index(0, 0));
+    const QPoint from(first.left() - 6, first.top() + 10);
+    const qint64 id = page->shownPhotos().first();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return grid->thumbnails().find(id) != nullptr; }, patience));
+    const QPixmap before = grid->viewport()->grab(first);
+    QTest::mousePress(grid->viewport(), Qt::LeftButton, Qt::NoModifier, from);
+    for (int x = first.left(); x < grid->viewport()->width() - 20; x += 10) {
+        QMouseEvent move(QEvent::MouseMove, QPoint(x, first.bottom() + 200), Qt::NoButton, Qt::LeftButton, {});
+        QCoreApplication::sendEvent(grid->viewport(), &move);
+    }
+    EXPECT_EQ(changes.count(), 0);
+    EXPECT_NE(grid->viewport()->grab(first).toImage(), before.toImage());
+    QTest::mouseRelease(grid->viewport(), Qt::LeftButton, Qt::NoModifier, first.bottomRight() + QPoint(0, 200));
+    EXPECT_EQ(changes.count(), 1);
+    EXPECT_GT(page->selectedPhotos().size(), 3);
+}
+
 TEST_F(Page, KeysMoveAndExtendTheSelection)
 {
     const int columns = grid->arrangement().columns();
@@ -310,6 +332,42 @@ TEST_F(Page, ARightClickOpensTheMenuForThePhotoBelowIt)
     menu->close();
 }
 
+TEST_F(Page, TheMenuOpensThePhotoThatWasClickedAmongSelectedOnes)
+{
+    QSignalSpy activated(page.get(), &LibraryPage::photosActivated);
+    click(1);
+    click(4, Qt::ControlModifier);
+    const qint64 clicked = shown({1}).first();
+    QTest::mouseClick(grid->viewport(), Qt::RightButton, Qt::NoModifier, middleOf(1));
+    EXPECT_EQ(page->selectedPhotos(), shown({1, 4}));
+    QContextMenuEvent event(QContextMenuEvent::Mouse, middleOf(1), grid->viewport()->mapToGlobal(middleOf(1)));
+    QCoreApplication::sendEvent(grid->viewport(), &event);
+    auto *menu = child<QMenu>("photoMenu");
+    ASSERT_NE(menu, nullptr);
+    trigger("sortMenu", QStringLiteral("&First or smallest first")); // as a search that ends meanwhile
+    menu->defaultAction()->trigger();
+    menu->close();
+    ASSERT_EQ(activated.count(), 1);
+    const auto ids = activated[0][0].value<QVector<qint64>>();
+    EXPECT_EQ(ids, page->shownPhotos());
+    EXPECT_EQ(ids.value(activated[0][1].toInt()), clicked);
+}
+
+TEST_F(Page, GoingToAPhotoKeepsASelectionOfSeveral)
+{
+    click(1);
+    click(4, Qt::ControlModifier);
+    const QVector<qint64> selected = page->selectedPhotos();
+    page->setCurrentPhoto(selected.first());
+    EXPECT_EQ(page->selectedPhotos(), selected);
+    EXPECT_EQ(grid->currentIndex().row(), 1);
+    page->setCurrentPhoto(shown({6}).first());
+    EXPECT_EQ(page->selectedPhotos(), selected);
+    click(2);
+    page->setCurrentPhoto(shown({6}).first());
+    EXPECT_EQ(page->selectedPhotos(), shown({6}));
+}
+
 TEST_F(Page, SearchNarrowsWhatIsShownAndClearingShowsAllAgain)
 {
     const int all = page->shownPhotos().size();
@@ -374,6 +432,100 @@ TEST_F(Page, FactsOfTheCurrentPhotoAreShownOnDemand)
     EXPECT_NEAR(copied[1].toDouble(), library->item(id)->longitude, 0.0001);
 }
 
+TEST_F(Page, TheSizeInTheFactsIsThatOfTheFileOnTheDevice)
+{
+    const qint64 id = page->shownPhotos()[3];
+    const QString path = folder->path(library->devicePath(id));
+    const qint64 before = QFileInfo(path).size();
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::Append));
+    file.write(QByteArray(3'000'000, 'x'));
+    file.close();
+    press(Qt::Key_F9);
+    page->setCurrentPhoto(id);
+    const QString exact = browser::Texts::size(before + 3'000'000);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return child<QLabel>("factSize")->text() == exact; }, patience));
+    ASSERT_TRUE(QFile::resize(path, before));
+}
+
+TEST_F(Page, TheFactsTellThatAnOriginalIsNotOnTheDevice)
+{
+    qint64 away = 0;
+    const QVector<qint64> ids = page->shownPhotos();
+    for (const qint64 id : ids) {
+        if (photoOf(id).is(browser::InCloud) && !QFile::exists(folder->path(library->devicePath(id))))
+            away = id;
+    }
+    ASSERT_NE(away, 0);
+    press(Qt::Key_F9);
+    page->setCurrentPhoto(away);
+    const auto isTold = [&] {
+        return child<QLabel>("factMarks")->text().contains(QStringLiteral("Only in the cloud"));
+    };
+    EXPECT_TRUE(QTest::qWaitFor(isTold, patience));
+    EXPECT_FALSE(child<QLabel>("factSize")->isVisible());
+}
+
+TEST_F(Page, WhatTurnsOutNotToBeOnTheDeviceLeavesThatFilterAndNothingMoves)
+{
+    child<QAction>("onlyOnDevice")->trigger();
+    const qint64 away = source->away;
+    const int row = page->shownPhotos().indexOf(away);
+    ASSERT_GT(row, 0);
+    const int columns = grid->arrangement().columns();
+    grid->scrollTo(grid->model()->index(std::max(0, row - columns), 0), PhotoGrid::PositionAtTop);
+    const int first = grid->visibleRows().first;
+    const qint64 top = page->shownPhotos()[first];
+    ASSERT_NE(top, away);
+    const int height = middleOf(first).y();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !page->shownPhotos().contains(away); }, patience));
+    EXPECT_EQ(middleOf(page->shownPhotos().indexOf(top)).y(), height);
+    child<QAction>("onlyOnDevice")->trigger();
+    const int shownAgain = page->shownPhotos().indexOf(away);
+    const QModelIndex index = grid->model()->index(shownAgain, 0);
+    EXPECT_TRUE(index.data(Qt::AccessibleTextRole).toString().contains(QStringLiteral("cloud")));
+}
+
+TEST_F(Page, TheSearchFieldSaysWhereItSearches)
+{
+    auto *field = child<QLineEdit>("searchField");
+    const QString everywhere = field->placeholderText();
+    sideBar->choose(1);
+    const QString title = sideBar->model()->data(sideBar->currentIndex()).toString();
+    EXPECT_TRUE(field->placeholderText().contains(title)) << qPrintable(field->placeholderText());
+    sideBar->choose(0);
+    EXPECT_EQ(field->placeholderText(), everywhere);
+}
+
+TEST_F(Page, ScreenReadersAreToldWhatTheMarksInACellSay)
+{
+    const QVector<qint64> ids = page->shownPhotos();
+    int favorites = 0, videos = 0;
+    for (int row = 0; row < ids.size(); ++row) {
+        const browser::Photo &photo = photoOf(ids[row]);
+        const QString text = grid->model()->index(row, 0).data(Qt::AccessibleTextRole).toString();
+        EXPECT_EQ(text.contains(QStringLiteral("Favorite")), photo.is(browser::Favorite));
+        EXPECT_EQ(text.contains(QStringLiteral("Part of a burst")), photo.is(browser::Burst));
+        const bool isVideo = photo.kind == browser::MediaKind::Video;
+        EXPECT_TRUE(!isVideo || text.contains(browser::Texts::duration(photo.duration))) << qPrintable(text);
+        favorites += photo.is(browser::Favorite) ? 1 : 0;
+        videos += isVideo ? 1 : 0;
+    }
+    EXPECT_GT(favorites, 0);
+    EXPECT_GT(videos, 0);
+}
+
+TEST(PageTexts, TimesOfDayAreWrittenAsTheLocaleWritesThem)
+{
+    const qint64 afternoon = QDateTime(QDate(2019, 6, 24), QTime(15, 4, 5)).toMSecsSinceEpoch();
+    const QLocale before;
+    QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedStates));
+    EXPECT_TRUE(browser::Texts::dateAndTime(afternoon).contains(QStringLiteral("3:04:05 PM")));
+    QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
+    EXPECT_TRUE(browser::Texts::dateAndTime(afternoon).contains(QStringLiteral("15:04:05")));
+    QLocale::setDefault(before);
+}
+
 TEST_F(Page, StatusCountsPhotosAndTheSelectedOnes)
 {
     QSignalSpy status(page.get(), &LibraryPage::statusChanged);
@@ -382,7 +534,7 @@ TEST_F(Page, StatusCountsPhotosAndTheSelectedOnes)
     ASSERT_TRUE(QTest::qWaitFor([&] { return !status.isEmpty(); }, patience));
     const QString text = status.last()[0].toString();
     EXPECT_TRUE(text.contains(QLocale().toString(page->shownPhotos().size()))) << qPrintable(text);
-    EXPECT_TRUE(text.contains(QStringLiteral("2 selected"))) << qPrintable(text);
+    EXPECT_TRUE(text.contains(QStringLiteral("2 selected (about "))) << qPrintable(text);
 }
 
 TEST_F(Page, ZoomingKeepsWhatIsInTheMiddleAndStaysWithinLimits)
@@ -434,9 +586,9 @@ TEST_F(Page, IsDestroyedWhileItsSourceHangs)
     other->resize(800, 600);
     other->show();
     ASSERT_TRUE(QTest::qWaitFor([&] { return !hanging->requests().isEmpty(); }, patience));
-    hanging->stop();
     other.reset();
-    EXPECT_EQ(hanging.use_count(), 1);
+    hanging->hold(false);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return hanging.use_count() == 1; }, patience));
 }
 
 TEST_F(Page, ASourceThatFailsLeavesThePageUsableAndIsTold)
@@ -449,6 +601,37 @@ TEST_F(Page, ASourceThatFailsLeavesThePageUsableAndIsTold)
     other.show();
     ASSERT_TRUE(QTest::qWaitFor([&] { return failing.count() == 1; }, patience));
     EXPECT_EQ(other.shownPhotos(), page->shownPhotos());
+}
+
+TEST_F(Page, AThumbnailThatFailedIsReadWhenItIsWantedAgain)
+{
+    const auto broken = std::make_shared<MadeThumbnails>();
+    broken->fail(true);
+    LibraryPage other(library, broken);
+    QSignalSpy failing(&other, &LibraryPage::readsFailing);
+    other.resize(1100, 800);
+    other.show();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return failing.count() > 0; }, patience));
+    auto *photos = other.findChild<PhotoGrid *>();
+    EXPECT_EQ(photos->thumbnails().count(), 0);
+    broken->fail(false);
+    photos->setCellSize(photos->cellSize() + 16);
+    const qint64 first = other.shownPhotos().first();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return photos->thumbnails().find(first) != nullptr; }, patience));
+    EXPECT_FALSE(photos->thumbnails().find(first)->square.isNull());
+}
+
+TEST_F(Page, OfAFolderThatTheDeviceLeftFailsToReadThumbnailsInsteadOfLackingThem)
+{
+    browser::LibraryThumbnails thumbnails(library);
+    const qint64 id = page->shownPhotos().first();
+    EXPECT_FALSE(thumbnails.thumbnail(id).bytes.isEmpty());
+    const QString parts = folder->path(QStringLiteral("PhotoData"));
+    ASSERT_TRUE(QFile::rename(parts, parts + QStringLiteral("-away")));
+    const browser::ThumbnailAnswer answer = thumbnails.thumbnail(id);
+    ASSERT_TRUE(QFile::rename(parts + QStringLiteral("-away"), parts));
+    EXPECT_TRUE(answer.bytes.isEmpty());
+    EXPECT_TRUE(answer.failed);
 }
 
 TEST_F(Page, EverythingThatTakesTheFocusHasANameForScreenReaders)

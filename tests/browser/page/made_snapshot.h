@@ -34,6 +34,15 @@ public:
         snapshot->collections.push_back(album);
     }
 
+    void addKind(int category, const QList<qint64> &ids)
+    {
+        browser::Collection kind;
+        kind.section = browser::Section::Kinds;
+        kind.category = category;
+        kind.photoIds = ids;
+        snapshot->collections.push_back(kind);
+    }
+
     std::shared_ptr<const browser::Snapshot> get() const { return snapshot; }
 
 private:

@@ -7,10 +7,8 @@
 #include <QImage>
 #include <QVector>
 
-#include <chrono>
 #include <condition_variable>
 #include <mutex>
-#include <thread>
 
 inline QByteArray pictureBytes(const QImage &image, const char *format = "JPG")
 {
@@ -28,23 +26,20 @@ inline QImage plainPicture(int width, int height, const QColor &color)
     return image;
 }
 
-/// Gives the same picture for every photo, and remembers what was asked for. Can be made to hang or to fail.
+/// Gives the same picture for every photo, and remembers what was asked for. Can be made to hang, to fail, or to have
+/// none.
 class MadeThumbnails : public browser::ThumbnailSource
 {
 public:
-    QByteArray thumbnail(qint64 id) override
+    browser::ThumbnailAnswer thumbnail(qint64 id) override
     {
         std::unique_lock<std::mutex> lock(mutex);
         asked += id;
-        if (stopped) {
-            lock.unlock();
-            std::this_thread::sleep_for(std::chrono::milliseconds(1)); // a reader that goes on needs long for many
-            return QByteArray();
-        }
         changed.wait(lock, [this] { return !held || stopped || mayEnd > 0; });
         if (held && mayEnd > 0)
             --mayEnd;
-        return failing || stopped ? QByteArray() : bytes;
+        const bool none = failing || lacking || stopped;
+        return {none ? QByteArray() : bytes, failing || stopped};
     }
 
     bool lacksOriginal(qint64 id) override { return id == away; }
@@ -59,6 +54,7 @@ public:
 
     void hold(bool on) { set(held, on); }
     void fail(bool on) { set(failing, on); }
+    void lack(bool on) { set(lacking, on); }
     void stop() { set(stopped, true); }
     /// One of the reads that hang, or the next one, ends.
     void letOneEnd()
@@ -91,6 +87,7 @@ private:
     int mayEnd = 0;
     bool held = false;
     bool failing = false;
+    bool lacking = false;
     bool stopped = false;
 };
 

@@ -125,6 +125,35 @@ TEST(FindPhotos, KnowsThePositionOfEachPhoto)
     EXPECT_THAT(browser::findPhotos(*made.get(), query, stop)->positions, ElementsAre(1, -1, 0));
 }
 
+TEST(FindPhotos, LeavesOutWhatTheDeviceSaidItLacks)
+{
+    MadeSnapshot made;
+    made.add(QStringLiteral("a"));
+    made.add(QStringLiteral("b")).traits = browser::CloudOnly;
+    made.add(QStringLiteral("c")).traits = browser::InCloud;
+    made.add(QStringLiteral("d")).traits = browser::InCloud;
+    PhotoQuery query = filteredBy(browser::OnlyOnDevice);
+    EXPECT_THAT(idsOf(made, query), ElementsAre(1, 3, 4));
+    query.lacking = std::make_shared<const QSet<qint64>>(QSet<qint64>{3});
+    EXPECT_THAT(idsOf(made, query), ElementsAre(1, 4));
+    query.filters = 0;
+    EXPECT_THAT(idsOf(made, query), ElementsAre(1, 2, 3, 4));
+}
+
+TEST(FindPhotos, SearchesWhatTheSideBarCallsCollections)
+{
+    constexpr int screenshots = 17;
+    MadeSnapshot made;
+    made.add(QStringLiteral("a"));
+    made.add(QStringLiteral("b"), at(2019, 3, 24));
+    made.add(QStringLiteral("c"));
+    made.addKind(screenshots, {1});
+    made.addKind(browser::category::memories, {2, 3});
+    EXPECT_THAT(idsOf(made, searchFor(QStringLiteral("screenshots"))), ElementsAre(1));
+    EXPECT_THAT(idsOf(made, searchFor(QStringLiteral("memory"))), ElementsAre(2, 3));
+    EXPECT_THAT(idsOf(made, searchFor(QStringLiteral("all"))), IsEmpty()) << "that is where everything is";
+}
+
 TEST(FindPhotos, SearchesNamesTitlesAndDatesWordByWord)
 {
     MadeSnapshot made;

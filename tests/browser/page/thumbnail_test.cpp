@@ -1,3 +1,4 @@
+#include "apps/browser/library/background.h"
 #include "apps/browser/page/thumbnail_cache.h"
 #include "apps/browser/page/thumbnail_decoder.h"
 #include "apps/browser/page/thumbnail_loader.h"
@@ -7,7 +8,6 @@
 #include <QTest>
 
 #include <algorithm>
-#include <chrono>
 #include <thread>
 
 #include <gmock/gmock.h>
@@ -114,20 +114,43 @@ TEST_F(Loading, WhatIsBeingReadIsNotReadTwice)
     EXPECT_EQ(source->requests().size(), 3);
 }
 
-TEST_F(Loading, TellsOnceOfManyFailuresInARow)
+TEST_F(Loading, TellsOfManyFailuresInARowAgainAndAgain)
 {
     QSignalSpy failing(&loader, &ThumbnailLoader::readsFailing);
     source->fail(true);
-    loader.want(numbers(1, 30), 32);
-    ASSERT_TRUE(waitForLoaded(30));
+    loader.want(numbers(1, 8), 32);
+    ASSERT_TRUE(waitForLoaded(8));
     EXPECT_EQ(failing.count(), 1);
     EXPECT_TRUE(loaded.front().square.isNull());
+    EXPECT_TRUE(loaded.front().failed);
+    loader.want(numbers(9, 15), 32);
+    ASSERT_TRUE(waitForLoaded(15));
+    EXPECT_EQ(failing.count(), 1);
+    loader.want({16}, 32);
+    ASSERT_TRUE(waitForLoaded(16));
+    EXPECT_EQ(failing.count(), 2);
     source->fail(false);
-    loader.want(numbers(31, 32), 32);
-    ASSERT_TRUE(waitForLoaded(32));
+    loader.want({17}, 32);
+    ASSERT_TRUE(waitForLoaded(17));
     source->fail(true);
-    loader.want(numbers(33, 60), 32);
-    ASSERT_TRUE(waitForLoaded(60));
+    loader.want(numbers(18, 24), 32);
+    ASSERT_TRUE(waitForLoaded(24));
+    EXPECT_EQ(failing.count(), 2);
+}
+
+// They look the same where the folder of a device is left and the device is not.
+TEST_F(Loading, TellsOfAFailureAfterPhotosWithoutThumbnails)
+{
+    QSignalSpy failing(&loader, &ThumbnailLoader::readsFailing);
+    source->lack(true);
+    loader.want(numbers(1, 10), 32);
+    ASSERT_TRUE(waitForLoaded(10));
+    EXPECT_EQ(failing.count(), 1);
+    EXPECT_FALSE(loaded.front().failed);
+    source->lack(false);
+    source->fail(true);
+    loader.want(numbers(11, 16), 32);
+    ASSERT_TRUE(waitForLoaded(16));
     EXPECT_EQ(failing.count(), 2);
 }
 
@@ -142,21 +165,22 @@ TEST_F(Loading, TellsNothingOfPhotosOnceTheLibraryIsStopped)
     EXPECT_TRUE(loaded.isEmpty());
 }
 
-TEST(LoaderDestruction, EndsWithTheReadsThatHangAndBeginsNoOther)
+TEST(LoaderDestruction, WaitsForNoReadThatHangs)
 {
-    constexpr int wanted = 20'000; // two threads that go on need 10 seconds for them
     const auto source = std::make_shared<MadeThumbnails>();
     auto loader = std::make_unique<ThumbnailLoader>(source);
+    bool told = false;
+    QObject::connect(loader.get(), &ThumbnailLoader::loaded, [&told] { told = true; });
     source->hold(true);
-    loader->want(numbers(1, wanted), 32);
+    loader->want(numbers(1, 10), 32);
     ASSERT_TRUE(QTest::qWaitFor([&] { return source->requests().size() == 2; }, patience));
-    std::thread stopping([&] {
-        std::this_thread::sleep_for(std::chrono::milliseconds(20)); // mostly, the destructor waits by now
-        source->stop();
-    });
     loader.reset();
-    stopping.join();
-    EXPECT_LT(source->requests().size(), wanted);
+    source->hold(false);
+    ASSERT_TRUE(browser::waitForBackground(std::chrono::minutes(1)));
+    EXPECT_EQ(source->requests().size(), 2);
+    EXPECT_EQ(source.use_count(), 1);
+    QCoreApplication::processEvents();
+    EXPECT_FALSE(told);
 }
 
 TEST(LoaderDestruction, ForgetsWhatWasReadButNotDelivered)
@@ -168,6 +192,7 @@ TEST(LoaderDestruction, ForgetsWhatWasReadButNotDelivered)
         while (source->requests().size() < 3)
             std::this_thread::yield();
     }
+    ASSERT_TRUE(browser::waitForBackground(std::chrono::minutes(1)));
     QCoreApplication::processEvents();
     EXPECT_EQ(source.use_count(), 1);
 }

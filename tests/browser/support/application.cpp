@@ -1,6 +1,8 @@
 // The main() of tests that need an application object: windows are drawn into memory unless QT_QPA_PLATFORM says
 // otherwise, settings go into a folder of this run.
 
+#include "apps/browser/library/background.h"
+#include "apps/browser/library/opened_library.h"
 #include "devicehost/device_host.h"
 
 #include <QApplication>
@@ -50,5 +52,8 @@ int main(int argc, char **argv)
         return std::make_unique<QApplication>(argc, argv);
     }();
     QApplication::setApplicationName(QStringLiteral("photolib-browser-test"));
-    return RUN_ALL_TESTS();
+    const int status = RUN_ALL_TESTS();
+    const bool isDone = browser::waitForBackground(std::chrono::minutes(1)); // threads that hold made-up devices
+    browser::waitForRetired();
+    return isDone ? status : 1;
 }

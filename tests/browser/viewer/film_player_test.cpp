@@ -1,3 +1,5 @@
+#include "apps/browser/library/background.h"
+#include "apps/browser/media/device_read.h"
 #include "apps/browser/viewer/film_player.h"
 #include "photolib/photolib.h"
 #include "tests/browser/support/opened_folder.h"
@@ -77,14 +79,16 @@ bool always(qint64, qint64)
     return true;
 }
 
-TEST_F(Films, OfAFolderAreOpenedWhereTheyAre)
+TEST_F(Films, OfAFolderAreCopiedLikeThoseOfAPhone)
 {
     Player system;
     FilmPlayer player(library);
     QSignalSpy opened(&player, &FilmPlayer::opened);
     player.play(film, FilmPart::Original);
     ASSERT_TRUE(QTest::qWaitFor([&] { return opened.count() == 1; }, patience));
-    EXPECT_EQ(system.path, QFileInfo(folder.path(library->devicePath(film))).canonicalFilePath());
+    EXPECT_FALSE(system.path.startsWith(folder.root())) << "a player could change the device's own file";
+    EXPECT_EQ(system.bytes, folder.read(library->devicePath(film)));
+    EXPECT_EQ(QFileInfo(system.path).fileName(), QFileInfo(library->devicePath(film)).fileName());
     EXPECT_FALSE(player.isBusy());
 }
 
@@ -99,7 +103,6 @@ TEST_F(Films, OfALivePhotoIsTheFilmBesideIt)
     EXPECT_TRUE(system.path.endsWith(QStringLiteral(".MOV")));
 }
 
-// What no player would be asked to open is given another name: only copies can have one.
 TEST_F(Films, WithAStrangeNameAreCopiedWhereNobodyElseReadsThemAndGoWithThePlayer)
 {
     Player system;
@@ -113,9 +116,10 @@ TEST_F(Films, WithAStrangeNameAreCopiedWhereNobodyElseReadsThemAndGoWithThePlaye
               QFile::Permissions());
     const QString first = system.path;
     player->play(still, FilmPart::Original);
-    EXPECT_EQ(opened.count(), 2) << "the copy is still there";
-    EXPECT_EQ(system.path, first);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return opened.count() == 2; }, patience));
+    EXPECT_EQ(system.path, first) << "the copy is still there";
     player.reset();
+    EXPECT_TRUE(browser::waitForBackground(std::chrono::minutes(1)));
     EXPECT_FALSE(QFile::exists(QFileInfo(first).path()));
 }
 
@@ -127,7 +131,34 @@ TEST_F(Films, ThatAreCancelledLeaveNothing)
         EXPECT_EQ(cancelled.state, CopyEnd::Cancelled);
         path = cancelled.path;
     }
+    EXPECT_TRUE(browser::waitForBackground(std::chrono::minutes(1)));
     EXPECT_FALSE(QFile::exists(path));
+}
+
+TEST_F(Films, ThatTookTheirCopyAwayAreCopiedAnew)
+{
+    Player system;
+    FilmPlayer player(library);
+    QSignalSpy opened(&player, &FilmPlayer::opened);
+    player.play(film, FilmPart::Original);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return opened.count() == 1; }, patience));
+    ASSERT_TRUE(QFile::remove(system.path));
+    player.play(film, FilmPart::Original);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return opened.count() == 2; }, patience));
+    EXPECT_EQ(system.bytes, folder.read(library->devicePath(film)));
+}
+
+TEST_F(Films, ThatWereEditedHaveTheResultInAFolderOfItsOwn)
+{
+    const QString original = library->devicePath(film);
+    const QString edits = QStringLiteral("PhotoData/Mutations/") + QFileInfo(original).path() + QLatin1Char('/') +
+                          QFileInfo(original).completeBaseName() + QStringLiteral("/Adjustments");
+    photoItem item = *library->item(film);
+    item.hasAdjustments = 1;
+    EXPECT_TRUE(
+        browser::renderedPathsOf(item).contains(QLatin1Char('/') + edits + QStringLiteral("/FullSizeRender.mov")));
+    item.hasAdjustments = 0;
+    EXPECT_TRUE(browser::renderedPathsOf(item).isEmpty());
 }
 
 TEST_F(Films, ThatAreNotThereAreReported)

@@ -24,6 +24,11 @@ public:
     {
         change([&] { held.erase(id); });
     }
+    /// Whether a picture that hangs does so even when it is given up.
+    void beDeaf(bool on)
+    {
+        change([&] { deaf = on; });
+    }
     void failWithNoMemory(qint64 id)
     {
         change([&] { starved = id; });
@@ -45,12 +50,19 @@ public:
         return all;
     }
 
+    browser::PictureVersion lastVersion() const
+    {
+        const std::lock_guard<std::mutex> lock(mutex);
+        return versions.back();
+    }
+
     QImage thumbnail(qint64) override { return cornersPicture({32, 16}); }
 
-    browser::SharedPicture original(qint64 id, const browser::GiveUp &givenUp) override
+    browser::SharedPicture picture(qint64 id, browser::PictureVersion version, const browser::GiveUp &givenUp) override
     {
         std::unique_lock<std::mutex> lock(mutex);
         all.push_back(id);
+        versions.push_back(version);
         if (id == starved)
             throw std::bad_alloc();
         if (id == failing)
@@ -58,7 +70,7 @@ public:
         while (held.count(id) != 0) {
             waiting = id;
             changed.notify_all();
-            if (givenUp())
+            if (givenUp() && !deaf)
                 return browser::noPicture(browser::PictureProblem::GivenUp);
             changed.wait_for(lock, std::chrono::milliseconds(5));
         }
@@ -84,6 +96,8 @@ private:
     std::condition_variable changed;
     std::set<qint64> held;
     std::vector<qint64> all;
+    std::vector<browser::PictureVersion> versions;
+    bool deaf = false;
     qint64 waiting = 0, starved = 0, failing = 0;
     browser::PictureProblem failure = browser::PictureProblem::None;
 };

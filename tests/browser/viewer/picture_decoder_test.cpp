@@ -147,6 +147,20 @@ TEST(PictureDecoder, ColoursOfAWiderSpaceBecomeThoseOfTheScreen)
     EXPECT_LT(qGreen(picture->levels[0].pixel(8, 8)), 60);
 }
 
+TEST_P(EachOrientation, OfAThumbnailIsObeyedAsInTheGrid)
+{
+    const QByteArray bytes = jpegBytes(storedFor(cornersPicture(), GetParam()), GetParam());
+    EXPECT_EQ(cornersOf(browser::decodeThumbnail(bytes)).toStdString(), "RGBW");
+}
+
+TEST(PictureDecoder, IsGivenUpBetweenItsSizes)
+{
+    const QByteArray bytes = jpegBytes(cornersPicture({4000, 3000}));
+    int asked = 0;
+    const auto picture = browser::decodePicture(bytes, QStringLiteral("A.JPG"), 1, [&asked] { return ++asked > 2; });
+    EXPECT_EQ(picture->problem, browser::PictureProblem::GivenUp);
+}
+
 TEST(PictureDecoder, ThumbnailsAreJpegOrBitmaps)
 {
     EXPECT_EQ(cornersOf(browser::decodeThumbnail(encodedBytes(cornersPicture(), "jpeg"))).toStdString(), "RGBW");

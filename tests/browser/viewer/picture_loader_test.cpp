@@ -1,3 +1,4 @@
+#include "apps/browser/library/background.h"
 #include "apps/browser/viewer/picture_loader.h"
 #include "tests/browser/viewer/gated_pictures.h"
 
@@ -101,6 +102,31 @@ TEST_F(Loading, TellsOfAPictureForWhichMemoryRanShort)
     ASSERT_TRUE(waitFor(1));
     EXPECT_EQ(answer->problem, browser::PictureProblem::OutOfMemory);
     EXPECT_EQ(loader.cached(9), nullptr);
+}
+
+TEST_F(Loading, KeepsTheVersionsOfAPhotoApart)
+{
+    loader.load({5, false, browser::PictureVersion::Latest}, {});
+    ASSERT_TRUE(waitFor(1));
+    EXPECT_EQ(loader.cached(5, browser::PictureVersion::Original), nullptr);
+    loader.load({5, false, browser::PictureVersion::Original}, {});
+    ASSERT_TRUE(waitFor(2));
+    EXPECT_EQ(source->lastVersion(), browser::PictureVersion::Original);
+    EXPECT_NE(loader.cached(5, browser::PictureVersion::Original), loader.cached(5));
+}
+
+TEST(PictureLoader, WaitsForNoPictureThatCannotBeGivenUp)
+{
+    const auto source = std::make_shared<GatedPictures>();
+    source->hold(1);
+    source->beDeaf(true);
+    auto loader = std::make_unique<PictureLoader>(source);
+    loader->load({1}, {});
+    ASSERT_TRUE(source->waitUntilHeld(1));
+    loader.reset();
+    source->release(1);
+    EXPECT_TRUE(browser::waitForBackground(std::chrono::minutes(1)));
+    EXPECT_EQ(source.use_count(), 1);
 }
 
 TEST(PictureLoader, EndsWhileAPictureIsBeingLoaded)

@@ -128,6 +128,14 @@ TEST_F(ShownPicture, KeepsZoomAndPlaceOfItsPlaceholder)
     EXPECT_TRUE(view.transform().isFitted());
 }
 
+TEST_F(ShownPicture, IsNotStretchedLikeItsPlaceholderThatWasCutSquare)
+{
+    view.setPlaceholder(cornersPicture({60, 60}), {1600, 1200});
+    EXPECT_EQ(view.transform().pictureSize(), QSize(1200, 1200));
+    view.setPlaceholder(cornersPicture({79, 60}), {1600, 1200});
+    EXPECT_EQ(view.transform().pictureSize(), QSize(1600, 1200)) << "a pixel was rounded";
+}
+
 TEST_F(ShownPicture, MovesWhenItIsAnAnimation)
 {
     auto picture = std::make_shared<browser::Picture>();

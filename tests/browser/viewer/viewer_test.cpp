@@ -242,6 +242,74 @@ TEST_F(OpenedViewer, SaysThatNothingCanBeReadAnyMore)
     EXPECT_EQ(failed.count(), 1);
 }
 
+TEST_F(OpenedViewer, ShowsAnEditedPhotoAsTheDeviceDoesAndItsOriginalOnDemand)
+{
+    int edited = -1, plain = -1;
+    for (int i = 0; i < ids.size(); ++i) {
+        const photoItem item = *library->item(ids[i]);
+        const bool isHere = QFile::exists(folder.path(library->devicePath(ids[i])));
+        if (isHere && item.mediaType == 3)
+            (item.hasAdjustments != 0 ? edited : plain) = i;
+    }
+    ASSERT_GE(edited, 0);
+    const auto viewer = makeViewer();
+    auto *original = viewer->findChild<QToolButton *>(QStringLiteral("originalButton"));
+    const auto waitForNote = [&](const char *text) {
+        const auto isShown = [&] { return textOf(*viewer, "photoDetails").startsWith(QString::fromUtf8(text)); };
+        return QTest::qWaitFor(isShown, patience);
+    };
+    const auto isGrey = [&] {
+        const QImage image = viewOf(*viewer).grab().toImage();
+        const QRgb middle = image.pixel(image.rect().center() + QPoint(20, 30));
+        return qRed(middle) == qGreen(middle) && qGreen(middle) == qBlue(middle);
+    };
+    viewer->showPhotos(ids, edited);
+    ASSERT_TRUE(waitForNote("edited on the device —"));
+    EXPECT_TRUE(original->isVisible());
+    EXPECT_TRUE(isGrey()) << "the edit took the colours away";
+    QTest::keyClick(&viewOf(*viewer), Qt::Key_O);
+    ASSERT_TRUE(waitForNote("original; edited on the device —"));
+    EXPECT_FALSE(isGrey());
+    original->click();
+    ASSERT_TRUE(waitForNote("edited on the device —"));
+    EXPECT_TRUE(isGrey());
+    viewer->showPhotos(ids, plain);
+    ASSERT_TRUE(waitForPicture(*viewer));
+    EXPECT_FALSE(original->isVisible());
+}
+
+TEST_F(OpenedViewer, ShowsTheFactsOfThePhotoOnDemand)
+{
+    const auto viewer = makeViewer(std::make_shared<GatedPictures>());
+    auto *facts = viewer->findChild<QWidget *>(QStringLiteral("factsPane"));
+    viewer->showPhotos(ids, 0);
+    EXPECT_FALSE(facts->isVisible());
+    QTest::keyClick(&viewOf(*viewer), Qt::Key_F9);
+    EXPECT_TRUE(facts->isVisible());
+    EXPECT_EQ(textOf(*viewer, "factTitle"), library->item(ids[0])->fileName);
+    QTest::keyClick(&viewOf(*viewer), Qt::Key_Right);
+    EXPECT_EQ(textOf(*viewer, "factTitle"), library->item(ids[1])->fileName);
+    viewer->findChild<QToolButton *>(QStringLiteral("viewerFactsButton"))->click();
+    EXPECT_FALSE(facts->isVisible());
+}
+
+TEST_F(OpenedViewer, SaysSoWhenOnlyTheOriginalOfAnEditedPhotoIsThere)
+{
+    const QString edits = folder.path(QStringLiteral("PhotoData/Mutations"));
+    ASSERT_TRUE(QFile::rename(edits, edits + QStringLiteral("-away")));
+    const auto viewer = makeViewer();
+    for (int i = 0; i < ids.size(); ++i) {
+        const photoItem item = *library->item(ids[i]);
+        if (item.hasAdjustments != 0 && QFile::exists(folder.path(library->devicePath(ids[i]))))
+            viewer->showPhotos(ids, i);
+    }
+    const auto isSaid = [&] {
+        return textOf(*viewer, "photoDetails").startsWith(QStringLiteral("original; edited on the device"));
+    };
+    EXPECT_TRUE(QTest::qWaitFor(isSaid, patience));
+    ASSERT_TRUE(QFile::rename(edits + QStringLiteral("-away"), edits));
+}
+
 TEST_F(OpenedViewer, HasAButtonThatPlaysAFilmOrTheLivePhoto)
 {
     const auto viewer = makeViewer(std::make_shared<GatedPictures>());
