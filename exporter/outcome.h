@@ -24,7 +24,7 @@ enum class FileStatus {
     Exported, ///< in the destination now, by copying or as another link; see ExportOptions::dryRun
     Adopted,  ///< a file with the same content was already there under its name; it was taken into the record
     Skipped,  ///< exported by an earlier run, and nothing changed
-    Missing,  ///< the original is not on the device, only in the cloud
+    Missing,  ///< the original is not on the device: only in the cloud, if the library has it there, or lost
     Failed,   ///< see FileReport::reason
 };
 inline constexpr std::size_t fileStatusCount = 5;

@@ -50,7 +50,7 @@ ExportWindow::ExportWindow(std::shared_ptr<OpenedLibrary> library, const QVector
       progress(new ProgressPage), result(new ResultPage), pages(new QStackedWidget), job(new ExportJob(opened, this))
 {
     setObjectName(QStringLiteral("exportWindow"));
-    setWindowTitle(tr("Export %n photo(s) and video(s)", nullptr, static_cast<int>(photos.size())));
+    setWindowTitle(tr("Export %Ln photo(s) and video(s)", nullptr, static_cast<int>(photos.size())));
     arrange();
     connectButtons();
     connect(job, &ExportJob::progress, progress, &ProgressPage::showProgress);
@@ -66,6 +66,7 @@ ExportWindow::ExportWindow(std::shared_ptr<OpenedLibrary> library, const QVector
 
 ExportWindow::~ExportWindow()
 {
+    stopReads();
     disconnect(job, nullptr, this, nullptr); // which is a part of this no more when it ends
     delete job;
     retire(std::move(opened));
@@ -185,7 +186,8 @@ QString ExportWindow::planNote(const ExportResult &planned) const
     if (planned.outcome.count(exporter::FileStatus::Exported) + planned.outcome.count(exporter::FileStatus::Adopted) ==
         0)
         return tr("There is nothing to copy.");
-    return tr("To: %1").arg(choices->choices().destination);
+    const QString target = tr("To: %1").arg(choices->choices().destination);
+    return planned.notThere > 0 ? target + QLatin1Char('\n') + advice(planned) : target;
 }
 
 void ExportWindow::showPlan(const Result &planned)
@@ -245,8 +247,17 @@ bool ExportWindow::isRunning() const
     return step == Step::Running && job->isRunning();
 }
 
+// Only a window that goes with its library goes while something runs. Its library may be an earlier one, which nobody
+// else stops.
+void ExportWindow::stopReads()
+{
+    if (job->isRunning())
+        opened->stop();
+}
+
 void ExportWindow::cancelAndWait()
 {
+    stopReads();
     job->cancelAndWait();
 }
 

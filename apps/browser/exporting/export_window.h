@@ -33,7 +33,8 @@ public:
 
     /// Whether an export is running; closing the window then asks first.
     bool isRunning() const;
-    /// Ends a running export in good order, and waits for it: what is complete stays.
+    /// Ends a running export in good order, and every read of its library, and waits for it: what is complete stays.
+    /// The destructor does the same without waiting.
     void cancelAndWait();
 
 public Q_SLOTS:
@@ -59,6 +60,7 @@ private:
     void cancelOrClose();
     void togglePause();
     void showFolder();
+    void stopReads();
     bool mayClose();
 
     std::shared_ptr<OpenedLibrary> opened;

@@ -85,6 +85,19 @@ TEST_F(ExportingWindow, KnowsWhatIsThereAlready)
     }
 }
 
+TEST_F(ExportingWindow, DoesNotCallItEverythingWhenOriginalsAreLost)
+{
+    const Absence lost(originalOf(here[0]));
+    open({here[0], here[1]});
+    plan();
+    EXPECT_TRUE(label("resultNote").contains(QStringLiteral("missing"))) << label("resultNote").toStdString();
+    button("nextButton")->click();
+    ASSERT_TRUE(waitForVisible("folderButton"));
+    EXPECT_FALSE(label("resultTitle").contains(QStringLiteral("Everything"))) << label("resultTitle").toStdString();
+    EXPECT_FALSE(label("resultCounts").contains(QStringLiteral("cloud"))) << label("resultCounts").toStdString();
+    EXPECT_TRUE(label("resultNote").contains(QStringLiteral("missing")));
+}
+
 TEST_F(ExportingWindow, RefusesTheDevicesOwnFolder)
 {
     open(firstHere(2));
@@ -190,13 +203,25 @@ TEST_F(ExportingWindow, EndsInGoodOrderWhenItIsWaitedFor)
         EXPECT_GT(QFileInfo(file).size(), 0);
 }
 
-TEST_F(ExportingWindow, GoesAwayWhileItRuns)
+TEST_F(ExportingWindow, GoesAwayWhileItRunsAndStopsTheReadsOfItsLibrary)
 {
     open(some);
     plan();
+    EXPECT_FALSE(library->isStopped());
     button("nextButton")->click();
+    button("pauseButton")->click();
     window.reset();
     QCoreApplication::processEvents();
+    EXPECT_TRUE(library->isStopped());
+}
+
+TEST_F(ExportingWindow, LeavesItsLibraryAloneWhenNothingRuns)
+{
+    open(firstHere(2));
+    plan();
+    window->cancelAndWait();
+    window.reset();
+    EXPECT_FALSE(library->isStopped());
 }
 
 } // namespace

@@ -54,6 +54,20 @@ protected:
         return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
     }
 
+    /// Takes a file away from the device and brings it back.
+    class Absence
+    {
+    public:
+        explicit Absence(QString path) : file(std::move(path)) { EXPECT_TRUE(QFile::rename(file, kept())); }
+        ~Absence() { EXPECT_TRUE(QFile::rename(kept(), file)); }
+        Absence(const Absence &) = delete;
+        Absence &operator=(const Absence &) = delete;
+
+    private:
+        QString kept() const { return file + QStringLiteral(".kept"); }
+        const QString file;
+    };
+
     /// Files below the folder, without the exporter's record.
     static QStringList filesIn(const QString &folder)
     {
