@@ -34,6 +34,24 @@ qint64 bytesOf(const Snapshot &snapshot, const QVector<qint64> &ids)
     return sum;
 }
 
+// Hidden and deleted photos that are not asked for together with all the others; 0 when others are left out as well.
+int leftOutOf(const Snapshot &snapshot, const QVector<qint64> &ids)
+{
+    std::vector<bool> isAsked(snapshot.photos.size());
+    for (const qint64 id : ids)
+        if (const auto row = snapshot.rows.constFind(id); row != snapshot.rows.constEnd())
+            isAsked[static_cast<std::size_t>(*row)] = true;
+    int leftOut = 0;
+    for (std::size_t row = 0; row < isAsked.size(); ++row) {
+        if (isAsked[row])
+            continue;
+        if (!snapshot.photos[row].is(Hidden) && !snapshot.photos[row].is(Deleted))
+            return 0;
+        ++leftOut;
+    }
+    return leftOut;
+}
+
 photoItem firstOf(OpenedLibrary &library, const QVector<qint64> &ids)
 {
     for (const qint64 id : ids)
@@ -61,6 +79,7 @@ ExportWindow::ExportWindow(std::shared_ptr<OpenedLibrary> library, const QVector
     });
     const QSettings settings;
     choices->setChoices(loadChoices(settings), recentDestinations(settings));
+    choices->setLeftOut(leftOutOf(opened->snapshot(), ids));
     goTo(Step::Choosing);
 }
 

@@ -98,6 +98,22 @@ TEST_F(ExportingWindow, DoesNotCallItEverythingWhenOriginalsAreLost)
     EXPECT_TRUE(label("resultNote").contains(QStringLiteral("missing")));
 }
 
+TEST_F(ExportingWindow, SaysHowManyPhotosEverythingLeavesOut)
+{
+    const browser::Snapshot &snapshot = library->snapshot();
+    const QList<qint64> everything = snapshot.collections.front().photoIds;
+    const int leftOut = int(snapshot.photos.size()) - everything.size();
+    ASSERT_GT(leftOut, 0);
+    open({everything.begin(), everything.end()});
+    EXPECT_TRUE(find<QLabel>("leftOutNote")->isVisible());
+    EXPECT_TRUE(label("leftOutNote").startsWith(QString::number(leftOut))) << label("leftOutNote").toStdString();
+    open({std::next(everything.begin()), everything.end()});
+    EXPECT_FALSE(find<QLabel>("leftOutNote")->isVisible()) << "it is a selection";
+    const QList<qint64> all = library->library().getPhotoList();
+    open({all.begin(), all.end()});
+    EXPECT_FALSE(find<QLabel>("leftOutNote")->isVisible());
+}
+
 TEST_F(ExportingWindow, RefusesTheDevicesOwnFolder)
 {
     open(firstHere(2));
