@@ -10,9 +10,6 @@ class QMimeData;
 namespace browser
 {
 
-/// More photos than this are exported, not dragged.
-inline constexpr int mostDraggedPhotos = 200;
-
 /// What a drag of these photos to a file manager carries: files that are read off the device when they are dropped, the
 /// originals with their films and what was edited on the device. They are copies, always: a file manager may move what
 /// it is given, and nothing on a device is ever changed. Offer Qt::CopyAction. The copies are removed some time after

@@ -1,6 +1,7 @@
 #include "apps/browser/exporting/drag_copy.h"
 #include "apps/browser/exporting/drag_folder.h"
 #include "apps/browser/exporting/drag_out.h"
+#include "apps/browser/exporting/reading_window.h"
 #include "tests/browser/exporting/exporting_device.h"
 
 #include <QApplication>
