@@ -7,6 +7,7 @@
 
 #include <QMetaType>
 #include <QObject>
+#include <QStringList>
 
 #include <memory>
 #include <vector>
@@ -41,6 +42,7 @@ struct ExportResult {
     qint64 furtherProblems = 0;          ///< those that are not in `problems`
     std::vector<qint64> failed;          ///< photos of which a file failed, each once
     qint64 notThere = 0;                 ///< how many of the missing originals are of ExportProblem::Kind::NotThere
+    QStringList places;                  ///< names in the destination folder below which files are; the first 50
     bool wasDryRun = false;
     bool wasBackup = false; ///< the device is a backup
 };

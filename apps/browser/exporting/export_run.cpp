@@ -15,6 +15,7 @@ namespace
 using exporter::FileStatus;
 
 constexpr std::size_t mostProblems = 10000;
+constexpr int mostPlaces = 50;
 constexpr qint64 reportInterval = 100; // milliseconds
 
 exporter::OpenFailure whyNotOpened()
@@ -116,6 +117,7 @@ void ExportRun::progress(const exporter::ExportProgress &now)
 
 void ExportRun::fileFinished(const exporter::FileReport &file)
 {
+    guarded([&] { addPlace(file.destination); });
     const bool hasFailed = file.status == FileStatus::Failed;
     if (!hasFailed && file.status != FileStatus::Missing)
         return;
@@ -128,6 +130,13 @@ void ExportRun::fileFinished(const exporter::FileReport &file)
         if (hasFailed && (ids.empty() || ids.back() != file.photoId))
             ids.push_back(file.photoId);
     });
+}
+
+void ExportRun::addPlace(const QString &destination)
+{
+    const QString name = destination.section(QLatin1Char('/'), 0, 0);
+    if (!name.isEmpty() && result->places.size() < mostPlaces && !result->places.contains(name))
+        result->places += name;
 }
 
 // A copy or a backup that was broken off lacks originals, too, and nobody may take that for the cloud's doing.

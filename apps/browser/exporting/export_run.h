@@ -40,6 +40,7 @@ private:
     bool isCancelled() override;
 
     ExportProblem::Kind kindOfMissing(qint64 photoId) const;
+    void addPlace(const QString &destination);
     void add(const ExportProblem &problem);
     void end();
 

@@ -5,14 +5,14 @@
 #include "apps/browser/exporting/export_texts.h"
 #include "apps/browser/exporting/progress_page.h"
 #include "apps/browser/exporting/result_page.h"
+#include "apps/browser/exporting/show_in_folder.h"
 
-#include <QDesktopServices>
+#include <QDBusConnection>
 #include <QHBoxLayout>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QSettings>
 #include <QStackedWidget>
-#include <QUrl>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -225,6 +225,7 @@ void ExportWindow::showPlan(const Result &planned)
 
 void ExportWindow::showEnd(const Result &ended)
 {
+    places = ended->places;
     repeat = ended->outcome.end == RunEnd::Completed ? ended->failed : inHand;
     againButton->setText(ended->outcome.end == RunEnd::Completed ? tr("&Export again what failed") : tr("&Go on"));
     result->showResult(ended, headline(*ended), advice(*ended));
@@ -256,9 +257,10 @@ void ExportWindow::cancelOrClose()
 void ExportWindow::showFolder()
 {
     const QString folder = choices->choices().destination;
-    if (!QDesktopServices::openUrl(QUrl::fromLocalFile(folder)))
+    showInFolder(QDBusConnection::sessionBus(), folder, places, this, [this, folder] {
         QMessageBox::information(this, windowTitle(),
                                  tr("No file manager could be opened. The files are in %1.").arg(folder));
+    });
 }
 
 bool ExportWindow::isRunning() const

@@ -4,6 +4,7 @@
 #include "apps/browser/library/opened_library.h"
 
 #include <QDialog>
+#include <QStringList>
 #include <QVector>
 
 #include <vector>
@@ -67,6 +68,7 @@ private:
     const std::vector<qint64> photos;
     std::vector<qint64> inHand; ///< what the last run was asked for
     std::vector<qint64> repeat; ///< what remains to be done after it
+    QStringList places;         ///< where the last run put files, below the destination
     Step step = Step::Choosing;
     bool closeAfterwards = false;
 

@@ -52,8 +52,7 @@ void tell(const QString &text, QWidget *parent)
 
 QProgressDialog *makeReadingWindow(DragCopy &copy, int count, QWidget *parent)
 {
-    auto *const window =
-        new QProgressDialog(DragTexts::reading(count), DragTexts::cancel(), 0, count * steps, parent);
+    auto *const window = new QProgressDialog(DragTexts::reading(count), DragTexts::cancel(), 0, count * steps, parent);
     window->setObjectName(QStringLiteral("dragProgress"));
     window->setWindowModality(Qt::NonModal);
     window->setMinimumDuration(quickEnough);

@@ -55,6 +55,8 @@ TEST_F(Exporting, CopiesTheBytesOfTheDevice)
     EXPECT_FALSE(job->isRunning());
     EXPECT_TRUE(result->outcome.isSuccess());
     EXPECT_TRUE(result->failed.empty());
+    EXPECT_TRUE(result->places.contains(QStringLiteral("DCIM")));
+    EXPECT_EQ(QStringList(result->places).removeDuplicates(), 0);
     for (const qint64 id : some) {
         const QByteArray original = read(originalOf(id));
         const QString path = library->devicePath(id);
