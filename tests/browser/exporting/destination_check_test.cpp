@@ -76,6 +76,7 @@ TEST_F(Destination, AskedForLastIsAnswered)
     for (int i = 0; i < 100; ++i)
         checker.request(path("there") + QString::number(i));
     EXPECT_TRUE(QTest::qWaitFor([&] { return last == path("there99"); }, 30'000));
+    EXPECT_TRUE(browser::waitForBackground(std::chrono::minutes(1)));
 }
 
 TEST(DestinationChecker, WaitsForNoFolderThatDoesNotAnswer)
@@ -116,6 +117,7 @@ TEST(DestinationChecker, AnswersAgainWhenManyFoldersDidNotAnswer)
     release.set_value();
     EXPECT_TRUE(QTest::qWaitFor([&] { return !answers.isEmpty(); }, 60'000));
     EXPECT_EQ(answers, QStringList{QStringLiteral("9")});
+    EXPECT_TRUE(browser::waitForBackground(std::chrono::minutes(1)));
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 #ifndef TESTS_BROWSER_EXPORTING_EXPORTING_DEVICE_H
 #define TESTS_BROWSER_EXPORTING_EXPORTING_DEVICE_H
 
+#include "apps/browser/library/background.h"
 #include "photolib/photolib.h"
 #include "tests/browser/support/opened_folder.h"
 #include "tests/cli/sample/sample_folder.h"
@@ -12,6 +13,7 @@
 
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <vector>
 
 /// A sample device with an open library, and a folder for exports.
@@ -24,6 +26,14 @@ protected:
     {
         static SampleFolder folder;
         return folder;
+    }
+
+    /// After the objects of the test are gone, so that no thread of theirs outlives it.
+    ~ExportingDevice() override
+    {
+        browser::retire(std::move(library));
+        EXPECT_TRUE(browser::waitForBackground(std::chrono::milliseconds(patience)));
+        browser::waitForRetired();
     }
 
     void SetUp() override

@@ -1,5 +1,6 @@
 #include "apps/browser/page/library_page.h"
 
+#include "apps/browser/library/background.h"
 #include "apps/browser/page/photo_grid.h"
 #include "apps/browser/page/side_bar.h"
 #include "tests/browser/page/made_thumbnails.h"
@@ -302,6 +303,7 @@ TEST_F(Page, KeysCopyTheSelectedPhotosAsFiles)
     ASSERT_EQ(copied().size(), 1);
     EXPECT_EQ(copied()[0].fileName(), photoOf(*plain).fileName);
     QGuiApplication::clipboard()->clear();
+    EXPECT_TRUE(browser::waitForBackground(std::chrono::milliseconds(patience)));
 }
 
 TEST_F(Page, ARightClickOpensTheMenuForThePhotoBelowIt)
