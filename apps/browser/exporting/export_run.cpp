@@ -24,6 +24,13 @@ exporter::OpenFailure whyNotOpened()
     return {error.absent, error.advice.isEmpty() ? error.text : QStringLiteral("%1; %2").arg(error.text, error.advice)};
 }
 
+// Photos of shared albums and streams, which the device fetches when somebody looks at them.
+bool isSharedByCloud(const QString &path)
+{
+    return path.startsWith(QLatin1String("/PhotoData/PhotoCloudSharingData/")) ||
+           path.startsWith(QLatin1String("/PhotoStreamsData/"));
+}
+
 // Where memory is short, the counts of the outcome remain.
 template <class Action>
 void guarded(const Action &action)
@@ -121,7 +128,7 @@ void ExportRun::fileFinished(const exporter::FileReport &file)
     const bool hasFailed = file.status == FileStatus::Failed;
     if (!hasFailed && file.status != FileStatus::Missing)
         return;
-    const ExportProblem::Kind kind = hasFailed ? ExportProblem::Kind::Failed : kindOfMissing(file.photoId);
+    const ExportProblem::Kind kind = hasFailed ? ExportProblem::Kind::Failed : kindOfMissing(file);
     if (kind == ExportProblem::Kind::NotThere)
         ++result->notThere;
     guarded([&] {
@@ -140,11 +147,12 @@ void ExportRun::addPlace(const QString &destination)
 }
 
 // A copy or a backup that was broken off lacks originals, too, and nobody may take that for the cloud's doing.
-ExportProblem::Kind ExportRun::kindOfMissing(qint64 photoId) const
+ExportProblem::Kind ExportRun::kindOfMissing(const exporter::FileReport &file) const
 {
-    const Photo *const photo = opened->snapshot().find(photoId);
+    const Photo *const photo = opened->snapshot().find(file.photoId);
     const bool isInCloud = photo != nullptr && (photo->is(CloudOnly) || photo->is(InCloud));
-    return isInCloud ? ExportProblem::Kind::OnlyInCloud : ExportProblem::Kind::NotThere;
+    return isInCloud || isSharedByCloud(file.devicePath) ? ExportProblem::Kind::OnlyInCloud
+                                                         : ExportProblem::Kind::NotThere;
 }
 
 void ExportRun::note(const QString &sentence)

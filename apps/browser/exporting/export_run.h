@@ -39,7 +39,7 @@ private:
     void note(const QString &sentence) override;
     bool isCancelled() override;
 
-    ExportProblem::Kind kindOfMissing(qint64 photoId) const;
+    ExportProblem::Kind kindOfMissing(const exporter::FileReport &file) const;
     void addPlace(const QString &destination);
     void add(const ExportProblem &problem);
     void end();

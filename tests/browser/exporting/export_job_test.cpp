@@ -138,17 +138,19 @@ TEST_F(Exporting, ListsWhatIsOnlyInTheCloudAndWhatIsUnknown)
 
 TEST_F(Exporting, TellsWhatIsLostFromWhatIsOnlyInTheCloud)
 {
-    const Absence lost(originalOf(here[0]));
+    const qint64 taken = firstBelow("DCIM/"), shared = firstBelow("PhotoData/PhotoCloudSharingData/");
+    const Absence lost(originalOf(taken)), notFetched(originalOf(shared));
     for (const bool isPlan : {true, false}) {
         options.dryRun = isPlan;
         result.reset();
-        job->start(options, {here[0], absent[0], here[1]});
+        job->start(options, {taken, absent[0], shared, here.back()});
         ASSERT_TRUE(waitForEnd());
-        EXPECT_EQ(result->outcome.count(FileStatus::Missing), 2);
+        EXPECT_EQ(result->outcome.count(FileStatus::Missing), 3);
         EXPECT_EQ(result->notThere, 1);
-        ASSERT_EQ(result->problems.size(), 2U);
+        ASSERT_EQ(result->problems.size(), 3U);
         EXPECT_EQ(result->problems[0].kind, ExportProblem::Kind::NotThere);
         EXPECT_EQ(result->problems[1].kind, ExportProblem::Kind::OnlyInCloud);
+        EXPECT_EQ(result->problems[2].kind, ExportProblem::Kind::OnlyInCloud);
         EXPECT_FALSE(result->wasBackup);
     }
 }

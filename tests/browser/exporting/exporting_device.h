@@ -56,6 +56,16 @@ protected:
         return {here.begin(), here.begin() + std::ptrdiff_t(count)};
     }
 
+    /// A photo that is on the device, and whose path begins so.
+    qint64 firstBelow(const char *folder)
+    {
+        for (const qint64 id : here)
+            if (library->devicePath(id).startsWith(QLatin1String(folder)))
+                return id;
+        ADD_FAILURE() << folder;
+        return 0;
+    }
+
     static QVector<qint64> asVector(const std::vector<qint64> &ids) { return QVector<qint64>(ids.begin(), ids.end()); }
 
     static QByteArray read(const QString &path)
