@@ -49,6 +49,7 @@ void copyFiles(std::shared_ptr<OpenedLibrary> library, const QVector<qint64> &id
     copy->setObjectName(name);
     auto *const window = makeReadingWindow(*copy, ids.size(), parent);
     QObject::connect(copy, &QObject::destroyed, window, &QObject::deleteLater);
+    QObject::connect(window, &QProgressDialog::canceled, copy, &DragCopy::cancel);
     QObject::connect(window, &QProgressDialog::canceled, copy, &QObject::deleteLater);
     QObject::connect(copy, &DragCopy::finished, parent, [copy, parent] {
         const DragCopies &copies = copy->result();

@@ -204,7 +204,9 @@ void DragCopy::start()
     inBackground<std::shared_ptr<DragCopies>>(
         this, [copier] { return std::make_shared<DragCopies>(copier->run()); },
         [this](const std::shared_ptr<DragCopies> &ended) {
-            if (ended)
+            if (cancelled->load()) // also after the last block
+                copies = {};
+            else if (ended)
                 copies = std::move(*ended);
             done = true;
             Q_EMIT finished();

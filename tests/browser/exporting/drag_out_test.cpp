@@ -193,6 +193,17 @@ TEST_F(Dragging, CancelledGivesNothing)
     EXPECT_EQ(copy.result().folder, nullptr);
 }
 
+TEST_F(Dragging, CancelledAfterTheLastBlockGivesNothing)
+{
+    browser::DragCopy copy(library, asVector(plain(1)));
+    copy.start();
+    ASSERT_TRUE(browser::waitForBackground(std::chrono::milliseconds(patience)));
+    copy.cancel();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return copy.isFinished(); }, patience));
+    EXPECT_TRUE(copy.result().files.isEmpty());
+    EXPECT_EQ(copy.result().failures, 0);
+}
+
 TEST_F(Dragging, EndsWhileFilesAreRead)
 {
     auto copy = std::make_unique<browser::DragCopy>(library, asVector(some));
