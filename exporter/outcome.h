@@ -70,7 +70,7 @@ struct RunOutcome {
     /// Files of this status.
     qint64 count(FileStatus status) const { return files[static_cast<std::size_t>(status)]; }
 
-    /// Whether everything asked for is in the destination but what is only in the cloud.
+    /// Whether everything asked for is in the destination but what is missing on the device.
     bool isSuccess() const { return end == RunEnd::Completed && count(FileStatus::Failed) == 0 && albumsFailed == 0; }
 };
 
