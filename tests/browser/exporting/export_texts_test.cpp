@@ -1,6 +1,8 @@
 #include "apps/browser/exporting/export_texts.h"
 #include "apps/browser/exporting/problem_model.h"
 
+#include <QLocale>
+
 #include <gtest/gtest.h>
 
 namespace
@@ -27,6 +29,16 @@ TEST(ExportTexts, HaveALineForEachKindOfFileThatThereIs)
         ASSERT_EQ(lines.size(), 2);
         EXPECT_TRUE(lines[1].startsWith(QStringLiteral("17 "))) << lines[1].toStdString();
     }
+}
+
+TEST(ExportTexts, WriteNumbersAsTheLocaleDoes)
+{
+    const QLocale before;
+    QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
+    const QStringList lines = browser::summaryLines(resultWith(FileStatus::Failed, 100'000));
+    QLocale::setDefault(before);
+    ASSERT_EQ(lines.size(), 2);
+    EXPECT_TRUE(lines[1].startsWith(QStringLiteral("100.000 "))) << lines[1].toStdString();
 }
 
 TEST(ExportTexts, DoNotCallABrokenOffBackupEverything)
