@@ -9,6 +9,7 @@
 #include <QFileInfo>
 #include <QSet>
 
+#include <algorithm>
 #include <functional>
 #include <new>
 #include <vector>
@@ -59,7 +60,7 @@ public:
         try {
             copyAll();
         } catch (const std::bad_alloc &) {
-            ++result.failures;
+            result.failures += static_cast<int>(photos.size()) - number;
             result.failure = CopyEnd::ReadFailed;
         }
         if (cancelled->load())
@@ -99,11 +100,13 @@ private:
             result.failure = CopyEnd::Absent;
             return false;
         }
-        const QString stem = freeStem(photo->fileName);
+        const QString stem = freeStem(*photo);
         const CopyEnd original = copyFirst({exporter::originalPath(*photo)}, stem, *photo);
         bool isGood = original == CopyEnd::Complete;
         if (!isGood)
             result.failure = original;
+        if (original == CopyEnd::DeviceGone)
+            return false;
         const std::vector<Role> companions = companionsOf(*photo);
         for (const Role role : companions) {
             const CopyEnd end =
@@ -157,15 +160,21 @@ private:
     }
 
     // The files of one photo share a name; the same name once more gets a number.
-    QString freeStem(const QString &fileName)
+    QString freeStem(const photoItem &photo)
     {
-        QString wanted = QFileInfo(QString(fileName).replace(QLatin1Char('/'), QLatin1Char('_'))).completeBaseName();
+        const QString fileName = QString(photo.fileName).replace(QLatin1Char('/'), QLatin1Char('_'));
+        QString wanted = QFileInfo(fileName).completeBaseName();
         if (wanted.isEmpty() || wanted.startsWith(QLatin1Char('.')))
             wanted.prepend(QLatin1Char('_'));
+        QStringList suffixes{QString()};
+        if (photo.hasAdjustments != 0)
+            suffixes += exporter::suffixOf(Role::Edited);
         QString stem = wanted;
-        for (int next = 1; stems.contains(stem.toLower()); ++next)
+        const auto isTaken = [&](const QString &suffix) { return stems.contains((stem + suffix).toLower()); };
+        for (int next = 1; std::any_of(suffixes.cbegin(), suffixes.cend(), isTaken); ++next)
             stem = QStringLiteral("%1 (%2)").arg(wanted).arg(next);
-        stems.insert(stem.toLower());
+        for (const QString &suffix : qAsConst(suffixes))
+            stems.insert((stem + suffix).toLower());
         return stem;
     }
 

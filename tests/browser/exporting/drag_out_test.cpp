@@ -13,6 +13,7 @@
 #include <QTest>
 #include <QUrl>
 
+#include <algorithm>
 #include <chrono>
 
 namespace
@@ -135,6 +136,17 @@ TEST_F(Dragging, GivesTheFilmsOfLivePhotosAndWhatWasEdited)
     }
     EXPECT_TRUE(hadFilm);
     EXPECT_TRUE(hadEdited);
+}
+
+TEST_F(Dragging, NumbersAPhotoAndItsEditAlike)
+{
+    const auto edited =
+        std::find_if(here.begin(), here.end(), [this](qint64 id) { return library->item(id)->hasAdjustments != 0; });
+    ASSERT_NE(edited, here.end());
+    const QString stem = QFileInfo(originalOf(*edited)).completeBaseName();
+    const QStringList names = namesOf(dataOf({*edited, *edited})->urls());
+    for (const char *name : {".", "_edited.", " (1).", " (1)_edited."})
+        EXPECT_EQ(names.filter(stem + QLatin1String(name)).size(), 1) << name;
 }
 
 TEST_F(Dragging, GivesNothingWhenItsWindowGoesWhileFilesAreRead)
