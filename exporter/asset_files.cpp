@@ -25,8 +25,7 @@ public:
 private:
     AssetFile look(Role role, const QString &path);
     /// Adds the first of the files that is there, or cannot be looked at. True when one was added.
-    bool addFirst(Role role, const QString &stem, const QStringList &extensions, const std::set<QString> &except = {});
-    void addEdited(const QString &stem);
+    bool addFirst(Role role, const std::set<QString> &except = {});
 
     DeviceSource &source;
     const photoItem &photo;
@@ -54,10 +53,10 @@ AssetFile Finder::look(Role role, const QString &path)
     return file;
 }
 
-bool Finder::addFirst(Role role, const QString &stem, const QStringList &extensions, const std::set<QString> &except)
+bool Finder::addFirst(Role role, const std::set<QString> &except)
 {
-    for (const QString &extension : extensions) {
-        const QString path = stem + QLatin1Char('.') + extension;
+    const QStringList paths = companionPaths(photo, role);
+    for (const QString &path : paths) {
         if (path.compare(original, Qt::CaseInsensitive) == 0 || except.count(path) != 0)
             continue;
         AssetFile file = look(role, path);
@@ -69,36 +68,41 @@ bool Finder::addFirst(Role role, const QString &stem, const QStringList &extensi
     return false;
 }
 
-void Finder::addEdited(const QString &stem)
-{
-    const QString base = QStringLiteral("/PhotoData/Mutations") + stem + QStringLiteral("/Adjustments/FullSizeRender");
-    static const QStringList films{QStringLiteral("mov"), QStringLiteral("MOV"), QStringLiteral("mp4"),
-                                   QStringLiteral("MP4")};
-    static const QStringList pictures{QStringLiteral("jpg"),  QStringLiteral("heic"), QStringLiteral("JPG"),
-                                      QStringLiteral("HEIC"), QStringLiteral("png"),  QStringLiteral("PNG"),
-                                      QStringLiteral("jpeg"), QStringLiteral("gif"),  QStringLiteral("GIF")};
-    if (photo.mediaType == videoMedia) {
-        addFirst(Role::Edited, base, films);
-    } else {
-        addFirst(Role::Edited, base, pictures);
-        addFirst(Role::EditedFilm, base, films);
-    }
-}
-
 std::vector<AssetFile> Finder::find(bool edited, const std::set<QString> &videos)
 {
     original = originalPath(photo);
     files.push_back(look(Role::Original, original));
     if (files.front().presence == Presence::Absent && !source.isAlive())
         throw DeviceProblem(QStringLiteral("the device does not answer any more"));
-    const int nameStart = original.lastIndexOf(QLatin1Char('/')) + 1;
-    const QString stem = original.left(nameStart) + stemOf(original.mid(nameStart));
-    if (photo.mediaType != videoMedia)
-        addFirst(Role::Film, stem, {QStringLiteral("MOV"), QStringLiteral("mov")}, videos);
-    const bool hasNotes = addFirst(Role::EditNotes, stem, {QStringLiteral("AAE")});
-    if (edited && (photo.hasAdjustments != 0 || hasNotes))
-        addEdited(stem);
+    addFirst(Role::Film, videos);
+    const bool hasNotes = addFirst(Role::EditNotes);
+    if (edited && (photo.hasAdjustments != 0 || hasNotes)) {
+        addFirst(Role::Edited);
+        addFirst(Role::EditedFilm);
+    }
     return std::move(files);
+}
+
+QStringList extensionsOf(Role role, bool isVideo)
+{
+    static const QStringList pictures{QStringLiteral("jpg"),  QStringLiteral("heic"), QStringLiteral("JPG"),
+                                      QStringLiteral("HEIC"), QStringLiteral("png"),  QStringLiteral("PNG"),
+                                      QStringLiteral("jpeg"), QStringLiteral("gif"),  QStringLiteral("GIF")};
+    static const QStringList films{QStringLiteral("mov"), QStringLiteral("MOV"), QStringLiteral("mp4"),
+                                   QStringLiteral("MP4")};
+    switch (role) {
+    case Role::Original:
+        return {};
+    case Role::Film:
+        return isVideo ? QStringList() : QStringList{QStringLiteral("MOV"), QStringLiteral("mov")};
+    case Role::EditNotes:
+        return {QStringLiteral("AAE")};
+    case Role::Edited:
+        return isVideo ? films : pictures;
+    case Role::EditedFilm:
+        return isVideo ? QStringList() : films;
+    }
+    return {};
 }
 
 } // namespace
@@ -116,6 +120,22 @@ QString originalPath(const photoItem &photo)
         path.contains(QChar(0)))
         return QString();
     return photo.directory.isEmpty() ? QLatin1Char('/') + photo.fileName : path;
+}
+
+QStringList companionPaths(const photoItem &photo, Role role)
+{
+    const QString original = originalPath(photo);
+    if (original.isEmpty())
+        return {};
+    const int nameStart = original.lastIndexOf(QLatin1Char('/')) + 1;
+    QString stem = original.left(nameStart) + stemOf(original.mid(nameStart));
+    if (role == Role::Edited || role == Role::EditedFilm)
+        stem = QStringLiteral("/PhotoData/Mutations") + stem + QStringLiteral("/Adjustments/FullSizeRender");
+    QStringList paths;
+    const QStringList extensions = extensionsOf(role, photo.mediaType == videoMedia);
+    for (const QString &extension : extensions)
+        paths += stem + QLatin1Char('.') + extension;
+    return paths;
 }
 
 std::vector<AssetFile> findAssetFiles(DeviceSource &source, const photoItem &photo, bool edited,

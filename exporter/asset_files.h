@@ -5,6 +5,7 @@
 #include "exporter/outcome.h"
 
 #include <QString>
+#include <QStringList>
 
 #include <set>
 #include <vector>
@@ -31,6 +32,10 @@ QString suffixOf(Role role);
 
 /// The device's path of a photo's own file; empty when the library names none, or one that leads elsewhere.
 QString originalPath(const photoItem &photo);
+
+/// Where on the device a companion of a photo may lie, in the order in which to look; the first that is there is it.
+/// Empty for the original, for what such a photo cannot have, and where originalPath() is. No device is asked.
+QStringList companionPaths(const photoItem &photo, Role role);
 
 /// Looks for the files of a photo: the original, always first in the answer, and those companions that are there or
 /// cannot be looked at. The device has no listing, so names are tried:

@@ -24,7 +24,7 @@ enum class FileStatus {
     Exported, ///< in the destination now, by copying or as another link; see ExportOptions::dryRun
     Adopted,  ///< a file with the same content was already there under its name; it was taken into the record
     Skipped,  ///< exported by an earlier run, and nothing changed
-    Missing,  ///< the original is not on the device, only in the cloud
+    Missing,  ///< the original is not on the device: only in the cloud, if the library has it there, or lost
     Failed,   ///< see FileReport::reason
 };
 inline constexpr std::size_t fileStatusCount = 5;
@@ -70,7 +70,7 @@ struct RunOutcome {
     /// Files of this status.
     qint64 count(FileStatus status) const { return files[static_cast<std::size_t>(status)]; }
 
-    /// Whether everything asked for is in the destination but what is only in the cloud.
+    /// Whether everything asked for is in the destination but what is missing on the device.
     bool isSuccess() const { return end == RunEnd::Completed && count(FileStatus::Failed) == 0 && albumsFailed == 0; }
 };
 

@@ -41,8 +41,8 @@ QString fieldHelp()
 
 ChoicesPage::ChoicesPage(const QString &deviceName, photoItem examplePhoto, qint64 allBytes, QWidget *parent)
     : QWidget(parent), example(std::move(examplePhoto)), bytes(allBytes), destination(new QComboBox),
-      destinationNote(noteLabel("destinationNote")), layouts(new QComboBox), ownLayout(new QLineEdit),
-      layoutNote(noteLabel("layoutNote")),
+      destinationNote(noteLabel("destinationNote")), leftOutNote(noteLabel("leftOutNote")), layouts(new QComboBox),
+      ownLayout(new QLineEdit), layoutNote(noteLabel("layoutNote")),
       edited(new QCheckBox(tr("Also as &edited on the device, beside the original"))),
       albums(new QCheckBox(tr("Also a folder for each &album, with links to the files"))),
       checker(new DestinationChecker(deviceName, this))
@@ -111,6 +111,8 @@ void ChoicesPage::addFurtherChoices(QFormLayout *form)
     auto *column = new QVBoxLayout;
     column->addWidget(edited);
     column->addWidget(albums);
+    column->addWidget(leftOutNote);
+    leftOutNote->hide();
     form->addRow(new QLabel(tr("Include:")), column);
     auto *existing = noteLabel("existingNote");
     existing->setText(
@@ -143,6 +145,14 @@ void ChoicesPage::setChoices(const ExportChoices &choices, const QStringList &re
     albums->setChecked(choices.albums);
     layoutChosen();
     destinationEdited();
+}
+
+void ChoicesPage::setLeftOut(int count)
+{
+    leftOutNote->setText(tr("%Ln hidden or recently deleted photo(s) are left out. To export those, choose "
+                            "“Hidden” or “Recently deleted” in the list of albums.",
+                            nullptr, count));
+    leftOutNote->setVisible(count > 0);
 }
 
 void ChoicesPage::chooseDestination()

@@ -28,6 +28,9 @@ public:
     ExportChoices choices() const;
     void setChoices(const ExportChoices &choices, const QStringList &recentDestinations);
 
+    /// How many photos of the library are left out though everything seems to be exported; 0 says nothing.
+    void setLeftOut(int count);
+
     /// Whether an export with these choices can begin. False, too, until the destination was looked at.
     bool isValid() const { return layoutIsValid && destinationIsValid; }
 
@@ -56,6 +59,7 @@ private:
 
     QComboBox *const destination;
     QLabel *const destinationNote;
+    QLabel *const leftOutNote;
     QComboBox *const layouts;
     QLineEdit *const ownLayout;
     QLabel *const layoutNote;

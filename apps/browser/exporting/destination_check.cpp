@@ -1,13 +1,12 @@
 #include "apps/browser/exporting/destination_check.h"
 
+#include "apps/browser/library/background.h"
 #include "apps/browser/media/free_space.h"
 #include "devicehost/device_place.h"
 
 #include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
-
-#include <new>
 
 namespace browser
 {
@@ -65,49 +64,36 @@ DestinationState checkDestination(const QString &path, const QString &deviceName
 }
 
 DestinationChecker::DestinationChecker(QString deviceName, QObject *parent)
-    : QObject(parent), device(std::move(deviceName))
+    : DestinationChecker(
+          [device = std::move(deviceName)](const QString &path) { return checkDestination(path, device); }, parent)
 {
-    worker = std::thread([this] { work(); });
 }
 
-DestinationChecker::~DestinationChecker()
-{
-    {
-        const std::lock_guard<std::mutex> lock(mutex);
-        closing = true;
-    }
-    changed.notify_all();
-    worker.join();
-}
+DestinationChecker::DestinationChecker(Look howToLook, QObject *parent) : QObject(parent), look(std::move(howToLook)) {}
 
 void DestinationChecker::request(const QString &path)
 {
-    {
-        const std::lock_guard<std::mutex> lock(mutex);
-        wanted = path;
-        asked = true;
-    }
-    changed.notify_all();
+    wanted = path;
+    isWaiting = true;
+    next();
 }
 
-void DestinationChecker::work()
+// Looks at folders that do not answer are left behind, but not any number of them.
+void DestinationChecker::next()
 {
-    for (;;) {
-        QString path;
-        {
-            std::unique_lock<std::mutex> lock(mutex);
-            changed.wait(lock, [this] { return asked || closing; });
-            if (closing)
-                return;
-            path = wanted;
-            asked = false;
-        }
-        try {
-            const DestinationState state = checkDestination(path, device);
-            QMetaObject::invokeMethod(this, [this, state] { Q_EMIT checked(state); });
-        } catch (const std::bad_alloc &) { // asked again with the next change
-        }
-    }
+    constexpr int mostAtOnce = 4;
+    if (!isWaiting || running >= mostAtOnce)
+        return;
+    isWaiting = false;
+    ++running;
+    inBackground<DestinationState>(
+        this, [look = look, path = wanted] { return look(path); },
+        [this, number = ++newest](const DestinationState &state) {
+            --running;
+            if (number == newest && !isWaiting)
+                Q_EMIT checked(state);
+            next();
+        });
 }
 
 } // namespace browser

@@ -5,9 +5,7 @@
 #include <QObject>
 #include <QString>
 
-#include <condition_variable>
-#include <mutex>
-#include <thread>
+#include <functional>
 
 namespace browser
 {
@@ -22,15 +20,18 @@ struct DestinationState {
 /// Looks at the folder, which need not be there. Blocks: it may be on a slow disk. Any thread.
 DestinationState checkDestination(const QString &path, const QString &deviceName);
 
-/// The same on a thread of its own: only the newest request is answered. User-interface thread; the destructor waits
-/// for the look in hand.
+/// The same on threads of its own: only the newest request is answered. A folder that does not answer, such as one of a
+/// network that is gone, keeps neither later requests nor the destructor waiting. User-interface thread.
 class DestinationChecker : public QObject
 {
     Q_OBJECT
 
 public:
+    /// Runs on other threads, also after the checker is gone.
+    using Look = std::function<DestinationState(const QString &path)>;
+
     explicit DestinationChecker(QString deviceName, QObject *parent = nullptr);
-    ~DestinationChecker() override;
+    explicit DestinationChecker(Look howToLook, QObject *parent = nullptr);
 
     void request(const QString &path);
 
@@ -38,15 +39,13 @@ Q_SIGNALS:
     void checked(const browser::DestinationState &state);
 
 private:
-    void work();
+    void next();
 
-    const QString device;
-    std::mutex mutex;
-    std::condition_variable changed;
-    QString wanted; ///< guarded by `mutex`, as the rest
-    bool asked = false;
-    bool closing = false;
-    std::thread worker;
+    const Look look;
+    QString wanted;
+    bool isWaiting = false; ///< `wanted` is not looked at yet
+    int running = 0;
+    int newest = 0; ///< number of the look that began last
 };
 
 } // namespace browser

@@ -9,32 +9,41 @@
 #include <QVector>
 
 #include <atomic>
-#include <thread>
+#include <memory>
+#include <vector>
 
 namespace browser
 {
 
-/// Copies the originals of photos into a private folder, on a thread of its own. The folder goes with the program: who
-/// receives the files may read them long after the drop.
+class DragFolder;
+
+/// What came of copying photos for another program. A plain value.
+struct DragCopies {
+    QStringList files;                   ///< complete copies
+    std::shared_ptr<DragFolder> folder;  ///< where they lie; null when there are none
+    int failures = 0;                    ///< photos of which a file could not be copied
+    CopyEnd failure = CopyEnd::Complete; ///< what the last of them met
+};
+
+/// Copies what belongs to photos into a private folder, on a thread of its own: the original, the film of a Live Photo,
+/// and beside them the picture or film as it was edited on the device.
 ///
-/// User-interface thread. The destructor cancels, and waits for the block in hand.
+/// User-interface thread. The destructor cancels and does not wait: a read that hangs ends in its own time.
 class DragCopy : public QObject
 {
     Q_OBJECT
 
 public:
-    DragCopy(std::shared_ptr<OpenedLibrary> library, QVector<qint64> ids, QObject *parent = nullptr);
+    DragCopy(std::shared_ptr<OpenedLibrary> library, const QVector<qint64> &ids, QObject *parent = nullptr);
     ~DragCopy() override;
 
+    /// Once.
     void start();
-    void cancel() { cancelled.store(true); }
+    void cancel() { cancelled->store(true); }
 
     bool isFinished() const { return done; }
-    /// Complete copies, after finished(). None when it was cancelled.
-    const QStringList &files() const { return copies; }
-    /// How many could not be copied, and what the last of them met.
-    int failures() const { return failed; }
-    CopyEnd lastFailure() const { return failure; }
+    /// After finished(). No files when it was cancelled.
+    const DragCopies &result() const { return copies; }
 
 Q_SIGNALS:
     /// `photos` are dealt with, and a part of the next one in thousandths.
@@ -42,17 +51,11 @@ Q_SIGNALS:
     void finished();
 
 private:
-    void work();
-    bool copyOne(qint64 id, int number, const QString &folder);
-
-    const std::shared_ptr<OpenedLibrary> opened;
-    const QVector<qint64> photos;
-    std::atomic<bool> cancelled{false};
-    std::thread thread;
+    std::shared_ptr<OpenedLibrary> opened; ///< the thread's, once it runs
+    const std::vector<qint64> photos;
+    const std::shared_ptr<std::atomic<bool>> cancelled = std::make_shared<std::atomic<bool>>(false);
     bool done = false;
-    QStringList copies; ///< of the thread until it has ended, as what follows
-    int failed = 0;
-    CopyEnd failure = CopyEnd::Complete;
+    DragCopies copies;
 };
 
 } // namespace browser

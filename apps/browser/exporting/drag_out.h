@@ -10,15 +10,13 @@ class QMimeData;
 namespace browser
 {
 
-/// More photos than this are exported, not dragged.
-inline constexpr int mostDraggedPhotos = 200;
-
-/// What a drag of these photos to a file manager carries: files that are read off the device when they are dropped.
-/// They are copies, always: a file manager may move what it is given, and nothing on a device is ever changed. Offer
-/// Qt::CopyAction.
+/// What a drag of these photos to a file manager carries: files that are read off the device when they are dropped, the
+/// originals with their films and what was edited on the device. They are copies, always: a file manager may move what
+/// it is given, and nothing on a device is ever changed. Offer Qt::CopyAction. The copies are removed some time after
+/// the result is gone.
 ///
-/// Reading shows a window with progress that can be cancelled; the event loop runs meanwhile. The caller owns the
-/// result. User-interface thread.
+/// Reading shows a window with progress that can be cancelled; the event loop runs meanwhile, and may see this object
+/// and every window go. The caller owns the result. User-interface thread.
 QMimeData *dragData(std::shared_ptr<OpenedLibrary> library, const QVector<qint64> &ids);
 
 } // namespace browser

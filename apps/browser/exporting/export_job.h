@@ -7,10 +7,9 @@
 
 #include <QMetaType>
 #include <QObject>
+#include <QStringList>
 
-#include <condition_variable>
-#include <mutex>
-#include <thread>
+#include <memory>
 #include <vector>
 
 Q_DECLARE_METATYPE(exporter::ExportProgress)
@@ -18,9 +17,17 @@ Q_DECLARE_METATYPE(exporter::ExportProgress)
 namespace browser
 {
 
+class ExportRun;
+class Mailbox;
+
 /// Something that people should read after an export.
 struct ExportProblem {
-    enum class Kind { Failed, OnlyInCloud, Note };
+    enum class Kind {
+        Failed,
+        OnlyInCloud,
+        NotThere, ///< the original is absent, though the library does not say that it is only in the cloud
+        Note,
+    };
 
     Kind kind = Kind::Note;
     QString file; ///< path on the device; empty for a note, and where the library names no file
@@ -34,12 +41,16 @@ struct ExportResult {
     std::vector<ExportProblem> problems; ///< the first 10,000
     qint64 furtherProblems = 0;          ///< those that are not in `problems`
     std::vector<qint64> failed;          ///< photos of which a file failed, each once
+    qint64 notThere = 0;                 ///< how many of the missing originals are of ExportProblem::Kind::NotThere
+    QStringList places;                  ///< names in the destination folder below which files are; the first 50
     bool wasDryRun = false;
+    bool wasBackup = false; ///< the device is a backup
 };
 
 /// Runs the exporter on a thread of its own, one run at a time. No widgets.
 ///
-/// User-interface thread. The destructor cancels and waits: for one block of a file at most, or for the device.
+/// User-interface thread. The destructor cancels and does not wait: a thread that the device or a slow disk holds up
+/// ends in its own time, and owns what it uses.
 class ExportJob : public QObject
 {
     Q_OBJECT
@@ -51,8 +62,8 @@ public:
     /// Nothing may be running.
     void start(const exporter::ExportOptions &options, const std::vector<qint64> &photos);
 
-    bool isRunning() const { return thread.joinable(); }
-    bool isPaused() const;
+    bool isRunning() const { return run != nullptr; }
+    bool isPaused() const { return paused; }
 
     /// The run, or the next one, stops before its next photo or block, and goes on later.
     void pause();
@@ -68,20 +79,13 @@ Q_SIGNALS:
     void finished(const std::shared_ptr<const browser::ExportResult> &result);
 
 private:
-    class Observer;
-
-    void work(const exporter::ExportOptions &options, const QList<qint64> &photos);
     void conclude(int number);
-    bool waitWhilePaused();
 
     const std::shared_ptr<OpenedLibrary> opened;
-    std::thread thread;
-    int run = 0;                          ///< number of the run that was started last
-    std::shared_ptr<ExportResult> result; ///< of the thread until it has ended
-    mutable std::mutex mutex;
-    std::condition_variable changed;
-    bool paused = false;    ///< guarded by `mutex`
-    bool cancelled = false; ///< guarded by `mutex`
+    const std::shared_ptr<Mailbox> mailbox;
+    std::shared_ptr<ExportRun> run; ///< null when nothing is running
+    int runs = 0;                   ///< number of the run that was started last
+    bool paused = false;
 };
 
 } // namespace browser

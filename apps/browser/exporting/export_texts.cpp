@@ -30,35 +30,54 @@ public:
         const int n = counted(count);
         switch (status) {
         case FileStatus::Exported:
-            return (result.wasDryRun ? tr("%n file(s) to copy, %1", nullptr, n)
-                                     : tr("%n file(s) copied, %1", nullptr, n))
+            return (result.wasDryRun ? tr("%Ln file(s) to copy, %1", nullptr, n)
+                                     : tr("%Ln file(s) copied, %1", nullptr, n))
                 .arg(sizeText(result.outcome.bytesExported));
         case FileStatus::Adopted:
             return result.wasDryRun
-                       ? tr("%n file(s) of the same name and size are there; they will be compared", nullptr, n)
-                       : tr("%n file(s) with the same content were there already", nullptr, n);
+                       ? tr("%Ln file(s) of the same name and size are there; they will be compared", nullptr, n)
+                       : tr("%Ln file(s) with the same content were there already", nullptr, n);
         case FileStatus::Skipped:
-            return tr("%n file(s) already there from an earlier export", nullptr, n);
+            return tr("%Ln file(s) already there from an earlier export", nullptr, n);
         case FileStatus::Missing:
-            return tr("%n original(s) not on the device, only in the cloud", nullptr, n);
+            return result.wasBackup ? tr("%Ln original(s) not in this backup, but in the cloud", nullptr, n)
+                                    : tr("%Ln original(s) not on the device, only in the cloud", nullptr, n);
         case FileStatus::Failed:
-            return result.wasDryRun ? tr("%n file(s) cannot be read", nullptr, n) : tr("%n file(s) failed", nullptr, n);
+            return result.wasDryRun ? tr("%Ln file(s) cannot be read", nullptr, n)
+                                    : tr("%Ln file(s) failed", nullptr, n);
         }
         return {};
     }
 
-    static QString albums(int n) { return tr("%n album folder(s)", nullptr, n); }
-    static QString albumsFailed(int n) { return tr("%n album folder(s) could not be made", nullptr, n); }
+    static QString notThere(const ExportResult &result)
+    {
+        const int n = counted(result.notThere);
+        return result.wasBackup ? tr("%Ln original(s) not in this backup", nullptr, n)
+                                : tr("%Ln original(s) not on the device", nullptr, n);
+    }
+
+    static QString notThereAdvice(bool isBackup)
+    {
+        return isBackup ? tr("Originals are missing in this backup, which may have been broken off. Make a new backup, "
+                             "or connect the device itself, and export again: only what is new is copied.")
+                        : tr("Originals are missing on the device, though its list of photos names them. Connect the "
+                             "device again and export again: only what is new is copied.");
+    }
+
+    static QString albums(int n) { return tr("%Ln album folder(s)", nullptr, n); }
+    static QString albumsFailed(int n) { return tr("%Ln album folder(s) could not be made", nullptr, n); }
 
     static QString headline(const ExportResult &result)
     {
         const exporter::RunOutcome &outcome = result.outcome;
         switch (outcome.end) {
         case RunEnd::Completed:
-            if (!outcome.isSuccess())
+            if (!outcome.isSuccess() || result.notThere > 0)
                 return tr("The export is done, but not everything worked.");
-            return outcome.count(FileStatus::Missing) == 0 ? tr("Everything is exported.")
-                                                           : tr("Everything that is on the device is exported.");
+            if (outcome.count(FileStatus::Missing) == 0)
+                return tr("Everything is exported.");
+            return result.wasBackup ? tr("Everything that is in this backup is exported.")
+                                    : tr("Everything that is on the device is exported.");
         case RunEnd::Cancelled:
             return tr("The export was cancelled.");
         case RunEnd::DeviceGone:
@@ -90,8 +109,8 @@ public:
             return tr("less than a minute left");
         constexpr qint64 minute = 60, hour = 3600;
         if (seconds < 2 * hour)
-            return tr("about %n minute(s) left", nullptr, counted((seconds + minute / 2) / minute));
-        return tr("about %n hour(s) left", nullptr, counted((seconds + hour / 2) / hour));
+            return tr("about %Ln minute(s) left", nullptr, counted((seconds + minute / 2) / minute));
+        return tr("about %Ln hour(s) left", nullptr, counted((seconds + hour / 2) / hour));
     }
 
     static QString pace(const QString &rate, const QString &time)
@@ -112,7 +131,10 @@ QStringList summaryLines(const ExportResult &result)
     QStringList lines;
     for (const FileStatus status :
          {FileStatus::Exported, FileStatus::Adopted, FileStatus::Skipped, FileStatus::Missing, FileStatus::Failed}) {
-        const qint64 count = result.outcome.count(status);
+        const bool areMissing = status == FileStatus::Missing;
+        const qint64 count = result.outcome.count(status) - (areMissing ? result.notThere : 0);
+        if (areMissing && result.notThere > 0)
+            lines += ExportTexts::notThere(result);
         if (count > 0 || status == FileStatus::Exported)
             lines += ExportTexts::line(status, count, result);
     }
@@ -130,7 +152,11 @@ QString headline(const ExportResult &result)
 
 QString advice(const ExportResult &result)
 {
-    return result.outcome.end == RunEnd::Cancelled ? ExportTexts::cancelledAdvice() : result.outcome.message;
+    if (result.outcome.end == RunEnd::Cancelled)
+        return ExportTexts::cancelledAdvice();
+    if (result.outcome.end == RunEnd::Completed && result.notThere > 0)
+        return ExportTexts::notThereAdvice(result.wasBackup);
+    return result.outcome.message;
 }
 
 QString paceText(qint64 bytesPerSecond, qint64 secondsLeft)

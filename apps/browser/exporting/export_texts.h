@@ -17,7 +17,7 @@ QStringList summaryLines(const ExportResult &result);
 /// How a run ended, as a headline.
 QString headline(const ExportResult &result);
 
-/// What to do about a run that did not end well; empty else. Sentences.
+/// What to do about a run that did not end well, or that found originals missing; empty else. Sentences.
 QString advice(const ExportResult &result);
 
 /// "31.0 MB/s, about 2 minutes left"; parts that are not known are left out.

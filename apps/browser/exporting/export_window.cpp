@@ -5,14 +5,14 @@
 #include "apps/browser/exporting/export_texts.h"
 #include "apps/browser/exporting/progress_page.h"
 #include "apps/browser/exporting/result_page.h"
+#include "apps/browser/exporting/show_in_folder.h"
 
-#include <QDesktopServices>
+#include <QDBusConnection>
 #include <QHBoxLayout>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QSettings>
 #include <QStackedWidget>
-#include <QUrl>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -34,6 +34,24 @@ qint64 bytesOf(const Snapshot &snapshot, const QVector<qint64> &ids)
     return sum;
 }
 
+// Hidden and deleted photos that are not asked for together with all the others; 0 when others are left out as well.
+int leftOutOf(const Snapshot &snapshot, const QVector<qint64> &ids)
+{
+    std::vector<bool> isAsked(snapshot.photos.size());
+    for (const qint64 id : ids)
+        if (const auto row = snapshot.rows.constFind(id); row != snapshot.rows.constEnd())
+            isAsked[static_cast<std::size_t>(*row)] = true;
+    int leftOut = 0;
+    for (std::size_t row = 0; row < isAsked.size(); ++row) {
+        if (isAsked[row])
+            continue;
+        if (!snapshot.photos[row].is(Hidden) && !snapshot.photos[row].is(Deleted))
+            return 0;
+        ++leftOut;
+    }
+    return leftOut;
+}
+
 photoItem firstOf(OpenedLibrary &library, const QVector<qint64> &ids)
 {
     for (const qint64 id : ids)
@@ -50,7 +68,7 @@ ExportWindow::ExportWindow(std::shared_ptr<OpenedLibrary> library, const QVector
       progress(new ProgressPage), result(new ResultPage), pages(new QStackedWidget), job(new ExportJob(opened, this))
 {
     setObjectName(QStringLiteral("exportWindow"));
-    setWindowTitle(tr("Export %n photo(s) and video(s)", nullptr, static_cast<int>(photos.size())));
+    setWindowTitle(tr("Export %Ln photo(s) and video(s)", nullptr, static_cast<int>(photos.size())));
     arrange();
     connectButtons();
     connect(job, &ExportJob::progress, progress, &ProgressPage::showProgress);
@@ -61,11 +79,13 @@ ExportWindow::ExportWindow(std::shared_ptr<OpenedLibrary> library, const QVector
     });
     const QSettings settings;
     choices->setChoices(loadChoices(settings), recentDestinations(settings));
+    choices->setLeftOut(leftOutOf(opened->snapshot(), ids));
     goTo(Step::Choosing);
 }
 
 ExportWindow::~ExportWindow()
 {
+    stopReads();
     disconnect(job, nullptr, this, nullptr); // which is a part of this no more when it ends
     delete job;
     retire(std::move(opened));
@@ -185,7 +205,8 @@ QString ExportWindow::planNote(const ExportResult &planned) const
     if (planned.outcome.count(exporter::FileStatus::Exported) + planned.outcome.count(exporter::FileStatus::Adopted) ==
         0)
         return tr("There is nothing to copy.");
-    return tr("To: %1").arg(choices->choices().destination);
+    const QString target = tr("To: %1").arg(choices->choices().destination);
+    return planned.notThere > 0 ? target + QLatin1Char('\n') + advice(planned) : target;
 }
 
 void ExportWindow::showPlan(const Result &planned)
@@ -204,6 +225,7 @@ void ExportWindow::showPlan(const Result &planned)
 
 void ExportWindow::showEnd(const Result &ended)
 {
+    places = ended->places;
     repeat = ended->outcome.end == RunEnd::Completed ? ended->failed : inHand;
     againButton->setText(ended->outcome.end == RunEnd::Completed ? tr("&Export again what failed") : tr("&Go on"));
     result->showResult(ended, headline(*ended), advice(*ended));
@@ -235,9 +257,10 @@ void ExportWindow::cancelOrClose()
 void ExportWindow::showFolder()
 {
     const QString folder = choices->choices().destination;
-    if (!QDesktopServices::openUrl(QUrl::fromLocalFile(folder)))
+    showInFolder(QDBusConnection::sessionBus(), folder, places, this, [this, folder] {
         QMessageBox::information(this, windowTitle(),
                                  tr("No file manager could be opened. The files are in %1.").arg(folder));
+    });
 }
 
 bool ExportWindow::isRunning() const
@@ -245,8 +268,17 @@ bool ExportWindow::isRunning() const
     return step == Step::Running && job->isRunning();
 }
 
+// Only a window that goes with its library goes while something runs. Its library may be an earlier one, which nobody
+// else stops.
+void ExportWindow::stopReads()
+{
+    if (job->isRunning())
+        opened->stop();
+}
+
 void ExportWindow::cancelAndWait()
 {
+    stopReads();
     job->cancelAndWait();
 }
 

@@ -4,6 +4,7 @@
 #include "apps/browser/library/opened_library.h"
 
 #include <QDialog>
+#include <QStringList>
 #include <QVector>
 
 #include <vector>
@@ -33,7 +34,8 @@ public:
 
     /// Whether an export is running; closing the window then asks first.
     bool isRunning() const;
-    /// Ends a running export in good order, and waits for it: what is complete stays.
+    /// Ends a running export in good order, and every read of its library, and waits for it: what is complete stays.
+    /// The destructor does the same without waiting.
     void cancelAndWait();
     /// Hides this, ends a running export in good order, and deletes this once it is over: what is complete stays. Does
     /// not wait. Nobody's child from now on.
@@ -62,12 +64,14 @@ private:
     void cancelOrClose();
     void togglePause();
     void showFolder();
+    void stopReads();
     bool mayClose();
 
     std::shared_ptr<OpenedLibrary> opened;
     const std::vector<qint64> photos;
     std::vector<qint64> inHand; ///< what the last run was asked for
     std::vector<qint64> repeat; ///< what remains to be done after it
+    QStringList places;         ///< where the last run put files, below the destination
     Step step = Step::Choosing;
     bool closeAfterwards = false;
 

@@ -40,7 +40,9 @@ QString ProblemModel::cell(int row, int column) const
         case ExportProblem::Kind::Failed:
             return tr("Failed");
         case ExportProblem::Kind::OnlyInCloud:
-            return tr("Only in the cloud");
+            return result->wasBackup ? tr("In the cloud") : tr("Only in the cloud");
+        case ExportProblem::Kind::NotThere:
+            return tr("Missing");
         case ExportProblem::Kind::Note:
             return tr("Note");
         }
@@ -48,9 +50,11 @@ QString ProblemModel::cell(int row, int column) const
     case FileColumn:
         return problem.file;
     default:
-        return problem.kind == ExportProblem::Kind::OnlyInCloud
-                   ? tr("open it on the device once, so that it is downloaded, and export it again")
-                   : problem.text;
+        if (problem.kind == ExportProblem::Kind::OnlyInCloud)
+            return tr("open it on the device once, so that it is downloaded, and export it again");
+        if (problem.kind == ExportProblem::Kind::NotThere)
+            return result->wasBackup ? tr("this backup does not hold it") : tr("the device does not hold it");
+        return problem.text;
     }
 }
 

@@ -98,7 +98,7 @@ void ResultPage::showResult(const std::shared_ptr<const ExportResult> &result, c
     model->setResult(result);
     problems->setVisible(model->rowCount() > 0);
     further->setText(result->furtherProblems > 0
-                         ? tr("%n more not listed", nullptr, static_cast<int>(result->furtherProblems))
+                         ? tr("%Ln more not listed", nullptr, static_cast<int>(result->furtherProblems))
                          : QString());
 }
 

@@ -379,6 +379,13 @@ Ohne DEVICE werden die vorhandenen Handys, Sicherungen und Ordner aufgelistet.</
         <source>For example: %1</source>
         <translation>Zum Beispiel: %1</translation>
     </message>
+    <message numerus="yes">
+        <source>%Ln hidden or recently deleted photo(s) are left out. To export those, choose “Hidden” or “Recently deleted” in the list of albums.</source>
+        <translation>
+            <numerusform>%Ln ausgeblendetes oder zuletzt gelöschtes Foto ist nicht dabei. Um es zu exportieren, wählen Sie „Ausgeblendet“ oder „Zuletzt gelöscht“ in der Liste der Alben.</numerusform>
+            <numerusform>%Ln ausgeblendete oder zuletzt gelöschte Fotos sind nicht dabei. Um sie zu exportieren, wählen Sie „Ausgeblendet“ oder „Zuletzt gelöscht“ in der Liste der Alben.</numerusform>
+        </translation>
+    </message>
 </context>
 <context>
     <name>browser::CollectionModel</name>
@@ -610,15 +617,11 @@ Ohne DEVICE werden die vorhandenen Handys, Sicherungen und Ordner aufgelistet.</
 </context>
 <context>
     <name>browser::DragFiles</name>
-    <message>
-        <source>Drag to a folder</source>
-        <translation>In einen Ordner ziehen</translation>
-    </message>
     <message numerus="yes">
-        <source>More than %n photo(s) are better exported. Choose Export instead of dragging them.</source>
+        <source>More than %Ln photo(s) are better exported. Choose Export instead of dragging or copying them.</source>
         <translation>
-            <numerusform>Mehr als %n Foto sollte exportiert werden. Wählen Sie „Exportieren“, statt es zu ziehen.</numerusform>
-            <numerusform>Mehr als %n Fotos sollten exportiert werden. Wählen Sie „Exportieren“, statt sie zu ziehen.</numerusform>
+            <numerusform>Mehr als %Ln Foto sollte exportiert werden. Wählen Sie „Exportieren“, statt es zu ziehen oder zu kopieren.</numerusform>
+            <numerusform>Mehr als %Ln Fotos sollten exportiert werden. Wählen Sie „Exportieren“, statt sie zu ziehen oder zu kopieren.</numerusform>
         </translation>
     </message>
     <message>
@@ -626,22 +629,26 @@ Ohne DEVICE werden die vorhandenen Handys, Sicherungen und Ordner aufgelistet.</
         <translation>Auf diesem Computer ist nicht genug Platz für temporäre Dateien. Wählen Sie stattdessen „Exportieren“ und einen Ordner auf einem anderen Datenträger.</translation>
     </message>
     <message numerus="yes">
-        <source>%n photo(s) could not be read from the device and are missing. Choose Export to see why.</source>
+        <source>%Ln photo(s) could not be read from the device and are missing. Choose Export to see why.</source>
         <translation>
-            <numerusform>%n Foto konnte nicht vom Gerät gelesen werden und fehlt. Wählen Sie „Exportieren“, um den Grund zu sehen.</numerusform>
-            <numerusform>%n Fotos konnten nicht vom Gerät gelesen werden und fehlen. Wählen Sie „Exportieren“, um den Grund zu sehen.</numerusform>
+            <numerusform>%Ln Foto konnte nicht vom Gerät gelesen werden und fehlt. Wählen Sie „Exportieren“, um den Grund zu sehen.</numerusform>
+            <numerusform>%Ln Fotos konnten nicht vom Gerät gelesen werden und fehlen. Wählen Sie „Exportieren“, um den Grund zu sehen.</numerusform>
         </translation>
     </message>
     <message numerus="yes">
-        <source>Reading %n photo(s) from the device…</source>
+        <source>Reading %Ln photo(s) from the device…</source>
         <translation>
-            <numerusform>%n Foto wird vom Gerät gelesen …</numerusform>
-            <numerusform>%n Fotos werden vom Gerät gelesen …</numerusform>
+            <numerusform>%Ln Foto wird vom Gerät gelesen …</numerusform>
+            <numerusform>%Ln Fotos werden vom Gerät gelesen …</numerusform>
         </translation>
     </message>
     <message>
         <source>Cancel</source>
         <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Copy photos</source>
+        <translation>Fotos kopieren</translation>
     </message>
 </context>
 <context>
@@ -674,73 +681,73 @@ Ohne DEVICE werden die vorhandenen Handys, Sicherungen und Ordner aufgelistet.</
 <context>
     <name>browser::ExportTexts</name>
     <message numerus="yes">
-        <source>%n file(s) to copy, %1</source>
+        <source>%Ln file(s) to copy, %1</source>
         <translation>
-            <numerusform>%n Datei zu kopieren, %1</numerusform>
-            <numerusform>%n Dateien zu kopieren, %1</numerusform>
+            <numerusform>%Ln Datei zu kopieren, %1</numerusform>
+            <numerusform>%Ln Dateien zu kopieren, %1</numerusform>
         </translation>
     </message>
     <message numerus="yes">
-        <source>%n file(s) copied, %1</source>
+        <source>%Ln file(s) copied, %1</source>
         <translation>
-            <numerusform>%n Datei kopiert, %1</numerusform>
-            <numerusform>%n Dateien kopiert, %1</numerusform>
+            <numerusform>%Ln Datei kopiert, %1</numerusform>
+            <numerusform>%Ln Dateien kopiert, %1</numerusform>
         </translation>
     </message>
     <message numerus="yes">
-        <source>%n file(s) of the same name and size are there; they will be compared</source>
+        <source>%Ln file(s) of the same name and size are there; they will be compared</source>
         <translation>
-            <numerusform>%n Datei mit gleichem Namen und gleicher Größe ist vorhanden; sie wird verglichen</numerusform>
-            <numerusform>%n Dateien mit gleichem Namen und gleicher Größe sind vorhanden; sie werden verglichen</numerusform>
+            <numerusform>%Ln Datei mit gleichem Namen und gleicher Größe ist vorhanden; sie wird verglichen</numerusform>
+            <numerusform>%Ln Dateien mit gleichem Namen und gleicher Größe sind vorhanden; sie werden verglichen</numerusform>
         </translation>
     </message>
     <message numerus="yes">
-        <source>%n file(s) with the same content were there already</source>
+        <source>%Ln file(s) with the same content were there already</source>
         <translation>
-            <numerusform>%n Datei mit gleichem Inhalt war schon vorhanden</numerusform>
-            <numerusform>%n Dateien mit gleichem Inhalt waren schon vorhanden</numerusform>
+            <numerusform>%Ln Datei mit gleichem Inhalt war schon vorhanden</numerusform>
+            <numerusform>%Ln Dateien mit gleichem Inhalt waren schon vorhanden</numerusform>
         </translation>
     </message>
     <message numerus="yes">
-        <source>%n file(s) already there from an earlier export</source>
+        <source>%Ln file(s) already there from an earlier export</source>
         <translation>
-            <numerusform>%n Datei ist von einem früheren Export vorhanden</numerusform>
-            <numerusform>%n Dateien sind von einem früheren Export vorhanden</numerusform>
+            <numerusform>%Ln Datei ist von einem früheren Export vorhanden</numerusform>
+            <numerusform>%Ln Dateien sind von einem früheren Export vorhanden</numerusform>
         </translation>
     </message>
     <message numerus="yes">
-        <source>%n original(s) not on the device, only in the cloud</source>
+        <source>%Ln original(s) not on the device, only in the cloud</source>
         <translation>
-            <numerusform>%n Original ist nicht auf dem Gerät, nur in der Cloud</numerusform>
-            <numerusform>%n Originale sind nicht auf dem Gerät, nur in der Cloud</numerusform>
+            <numerusform>%Ln Original ist nicht auf dem Gerät, nur in der Cloud</numerusform>
+            <numerusform>%Ln Originale sind nicht auf dem Gerät, nur in der Cloud</numerusform>
         </translation>
     </message>
     <message numerus="yes">
-        <source>%n file(s) cannot be read</source>
+        <source>%Ln file(s) cannot be read</source>
         <translation>
-            <numerusform>%n Datei kann nicht gelesen werden</numerusform>
-            <numerusform>%n Dateien können nicht gelesen werden</numerusform>
+            <numerusform>%Ln Datei kann nicht gelesen werden</numerusform>
+            <numerusform>%Ln Dateien können nicht gelesen werden</numerusform>
         </translation>
     </message>
     <message numerus="yes">
-        <source>%n file(s) failed</source>
+        <source>%Ln file(s) failed</source>
         <translation>
-            <numerusform>%n Datei fehlgeschlagen</numerusform>
-            <numerusform>%n Dateien fehlgeschlagen</numerusform>
+            <numerusform>%Ln Datei fehlgeschlagen</numerusform>
+            <numerusform>%Ln Dateien fehlgeschlagen</numerusform>
         </translation>
     </message>
     <message numerus="yes">
-        <source>%n album folder(s)</source>
+        <source>%Ln album folder(s)</source>
         <translation>
-            <numerusform>%n Albumordner</numerusform>
-            <numerusform>%n Albumordner</numerusform>
+            <numerusform>%Ln Albumordner</numerusform>
+            <numerusform>%Ln Albumordner</numerusform>
         </translation>
     </message>
     <message numerus="yes">
-        <source>%n album folder(s) could not be made</source>
+        <source>%Ln album folder(s) could not be made</source>
         <translation>
-            <numerusform>%n Albumordner konnte nicht angelegt werden</numerusform>
-            <numerusform>%n Albumordner konnten nicht angelegt werden</numerusform>
+            <numerusform>%Ln Albumordner konnte nicht angelegt werden</numerusform>
+            <numerusform>%Ln Albumordner konnten nicht angelegt werden</numerusform>
         </translation>
     </message>
     <message>
@@ -797,17 +804,17 @@ Ohne DEVICE werden die vorhandenen Handys, Sicherungen und Ordner aufgelistet.</
         <translation>noch weniger als eine Minute</translation>
     </message>
     <message numerus="yes">
-        <source>about %n minute(s) left</source>
+        <source>about %Ln minute(s) left</source>
         <translation>
-            <numerusform>noch etwa %n Minute</numerusform>
-            <numerusform>noch etwa %n Minuten</numerusform>
+            <numerusform>noch etwa %Ln Minute</numerusform>
+            <numerusform>noch etwa %Ln Minuten</numerusform>
         </translation>
     </message>
     <message numerus="yes">
-        <source>about %n hour(s) left</source>
+        <source>about %Ln hour(s) left</source>
         <translation>
-            <numerusform>noch etwa %n Stunde</numerusform>
-            <numerusform>noch etwa %n Stunden</numerusform>
+            <numerusform>noch etwa %Ln Stunde</numerusform>
+            <numerusform>noch etwa %Ln Stunden</numerusform>
         </translation>
     </message>
     <message>
@@ -815,14 +822,47 @@ Ohne DEVICE werden die vorhandenen Handys, Sicherungen und Ordner aufgelistet.</
         <comment>how fast, and how long</comment>
         <translation>%1, %2</translation>
     </message>
+    <message numerus="yes">
+        <source>%Ln original(s) not in this backup, but in the cloud</source>
+        <translation>
+            <numerusform>%Ln Original ist nicht in dieser Sicherung, aber in der Cloud</numerusform>
+            <numerusform>%Ln Originale sind nicht in dieser Sicherung, aber in der Cloud</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln original(s) not in this backup</source>
+        <translation>
+            <numerusform>%Ln Original fehlt in dieser Sicherung</numerusform>
+            <numerusform>%Ln Originale fehlen in dieser Sicherung</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln original(s) not on the device</source>
+        <translation>
+            <numerusform>%Ln Original fehlt auf dem Gerät</numerusform>
+            <numerusform>%Ln Originale fehlen auf dem Gerät</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Originals are missing in this backup, which may have been broken off. Make a new backup, or connect the device itself, and export again: only what is new is copied.</source>
+        <translation>In dieser Sicherung fehlen Originale; vielleicht wurde sie abgebrochen. Erstellen Sie eine neue Sicherung oder schließen Sie das Gerät selbst an, und exportieren Sie noch einmal: Kopiert wird nur, was neu ist.</translation>
+    </message>
+    <message>
+        <source>Originals are missing on the device, though its list of photos names them. Connect the device again and export again: only what is new is copied.</source>
+        <translation>Auf dem Gerät fehlen Originale, die in seiner Fotoliste stehen. Schließen Sie das Gerät neu an und exportieren Sie noch einmal: Kopiert wird nur, was neu ist.</translation>
+    </message>
+    <message>
+        <source>Everything that is in this backup is exported.</source>
+        <translation>Alles, was in dieser Sicherung ist, ist exportiert.</translation>
+    </message>
 </context>
 <context>
     <name>browser::ExportWindow</name>
     <message numerus="yes">
-        <source>Export %n photo(s) and video(s)</source>
+        <source>Export %Ln photo(s) and video(s)</source>
         <translation>
-            <numerusform>%n Foto oder Video exportieren</numerusform>
-            <numerusform>%n Fotos und Videos exportieren</numerusform>
+            <numerusform>%Ln Foto oder Video exportieren</numerusform>
+            <numerusform>%Ln Fotos und Videos exportieren</numerusform>
         </translation>
     </message>
     <message>
@@ -1082,6 +1122,10 @@ Ohne DEVICE werden die vorhandenen Handys, Sicherungen und Ordner aufgelistet.</
     <message>
         <source>&amp;Open</source>
         <translation>Ö&amp;ffnen</translation>
+    </message>
+    <message>
+        <source>Copy &amp;photos</source>
+        <translation>&amp;Fotos kopieren</translation>
     </message>
 </context>
 <context>
@@ -1420,6 +1464,22 @@ Ohne DEVICE werden die vorhandenen Handys, Sicherungen und Ordner aufgelistet.</
         <source>Why</source>
         <translation>Warum</translation>
     </message>
+    <message>
+        <source>In the cloud</source>
+        <translation>In der Cloud</translation>
+    </message>
+    <message>
+        <source>Missing</source>
+        <translation>Fehlt</translation>
+    </message>
+    <message>
+        <source>this backup does not hold it</source>
+        <translation>diese Sicherung enthält es nicht</translation>
+    </message>
+    <message>
+        <source>the device does not hold it</source>
+        <translation>das Gerät enthält es nicht</translation>
+    </message>
 </context>
 <context>
     <name>browser::ProblemPanel</name>
@@ -1484,10 +1544,10 @@ Ohne DEVICE werden die vorhandenen Handys, Sicherungen und Ordner aufgelistet.</
         <translation>Liste &amp;sichern …</translation>
     </message>
     <message numerus="yes">
-        <source>%n more not listed</source>
+        <source>%Ln more not listed</source>
         <translation>
-            <numerusform>%n weiterer ist nicht aufgeführt</numerusform>
-            <numerusform>%n weitere sind nicht aufgeführt</numerusform>
+            <numerusform>%Ln weiterer ist nicht aufgeführt</numerusform>
+            <numerusform>%Ln weitere sind nicht aufgeführt</numerusform>
         </translation>
     </message>
     <message>

@@ -379,6 +379,12 @@ Without DEVICE it lists the phones, backups and folders that there are.</source>
         <source>For example: %1</source>
         <translation>例如：%1</translation>
     </message>
+    <message numerus="yes">
+        <source>%Ln hidden or recently deleted photo(s) are left out. To export those, choose “Hidden” or “Recently deleted” in the list of albums.</source>
+        <translation>
+            <numerusform>有 %Ln 张已隐藏或最近删除的照片不在其中。要导出它们，请在相簿列表中选择“已隐藏”或“最近删除”。</numerusform>
+        </translation>
+    </message>
 </context>
 <context>
     <name>browser::CollectionModel</name>
@@ -610,14 +616,10 @@ Without DEVICE it lists the phones, backups and folders that there are.</source>
 </context>
 <context>
     <name>browser::DragFiles</name>
-    <message>
-        <source>Drag to a folder</source>
-        <translation>拖到文件夹</translation>
-    </message>
     <message numerus="yes">
-        <source>More than %n photo(s) are better exported. Choose Export instead of dragging them.</source>
+        <source>More than %Ln photo(s) are better exported. Choose Export instead of dragging or copying them.</source>
         <translation>
-            <numerusform>超过 %n 张照片时最好导出。请选择“导出”，而不要拖动。</numerusform>
+            <numerusform>超过 %Ln 张照片时最好导出。请选择“导出”，而不要拖动或复制。</numerusform>
         </translation>
     </message>
     <message>
@@ -625,20 +627,24 @@ Without DEVICE it lists the phones, backups and folders that there are.</source>
         <translation>这台电脑上没有足够的空间存放临时文件。请改用“导出”，并选择其他磁盘上的文件夹。</translation>
     </message>
     <message numerus="yes">
-        <source>%n photo(s) could not be read from the device and are missing. Choose Export to see why.</source>
+        <source>%Ln photo(s) could not be read from the device and are missing. Choose Export to see why.</source>
         <translation>
-            <numerusform>有 %n 张照片无法从设备读取，因此缺失。请选择“导出”查看原因。</numerusform>
+            <numerusform>有 %Ln 张照片无法从设备读取，因此缺失。请选择“导出”查看原因。</numerusform>
         </translation>
     </message>
     <message numerus="yes">
-        <source>Reading %n photo(s) from the device…</source>
+        <source>Reading %Ln photo(s) from the device…</source>
         <translation>
-            <numerusform>正在从设备读取 %n 张照片…</numerusform>
+            <numerusform>正在从设备读取 %Ln 张照片…</numerusform>
         </translation>
     </message>
     <message>
         <source>Cancel</source>
         <translation>取消</translation>
+    </message>
+    <message>
+        <source>Copy photos</source>
+        <translation>复制照片</translation>
     </message>
 </context>
 <context>
@@ -671,63 +677,63 @@ Without DEVICE it lists the phones, backups and folders that there are.</source>
 <context>
     <name>browser::ExportTexts</name>
     <message numerus="yes">
-        <source>%n file(s) to copy, %1</source>
+        <source>%Ln file(s) to copy, %1</source>
         <translation>
-            <numerusform>要复制 %n 个文件，%1</numerusform>
+            <numerusform>要复制 %Ln 个文件，%1</numerusform>
         </translation>
     </message>
     <message numerus="yes">
-        <source>%n file(s) copied, %1</source>
+        <source>%Ln file(s) copied, %1</source>
         <translation>
-            <numerusform>已复制 %n 个文件，%1</numerusform>
+            <numerusform>已复制 %Ln 个文件，%1</numerusform>
         </translation>
     </message>
     <message numerus="yes">
-        <source>%n file(s) of the same name and size are there; they will be compared</source>
+        <source>%Ln file(s) of the same name and size are there; they will be compared</source>
         <translation>
-            <numerusform>已有 %n 个名称和大小相同的文件，将进行比较</numerusform>
+            <numerusform>已有 %Ln 个名称和大小相同的文件，将进行比较</numerusform>
         </translation>
     </message>
     <message numerus="yes">
-        <source>%n file(s) with the same content were there already</source>
+        <source>%Ln file(s) with the same content were there already</source>
         <translation>
-            <numerusform>已有 %n 个内容相同的文件</numerusform>
+            <numerusform>已有 %Ln 个内容相同的文件</numerusform>
         </translation>
     </message>
     <message numerus="yes">
-        <source>%n file(s) already there from an earlier export</source>
+        <source>%Ln file(s) already there from an earlier export</source>
         <translation>
-            <numerusform>已有 %n 个以前导出的文件</numerusform>
+            <numerusform>已有 %Ln 个以前导出的文件</numerusform>
         </translation>
     </message>
     <message numerus="yes">
-        <source>%n original(s) not on the device, only in the cloud</source>
+        <source>%Ln original(s) not on the device, only in the cloud</source>
         <translation>
-            <numerusform>%n 个原件不在设备上，仅在云端</numerusform>
+            <numerusform>%Ln 个原件不在设备上，仅在云端</numerusform>
         </translation>
     </message>
     <message numerus="yes">
-        <source>%n file(s) cannot be read</source>
+        <source>%Ln file(s) cannot be read</source>
         <translation>
-            <numerusform>%n 个文件无法读取</numerusform>
+            <numerusform>%Ln 个文件无法读取</numerusform>
         </translation>
     </message>
     <message numerus="yes">
-        <source>%n file(s) failed</source>
+        <source>%Ln file(s) failed</source>
         <translation>
-            <numerusform>%n 个文件失败</numerusform>
+            <numerusform>%Ln 个文件失败</numerusform>
         </translation>
     </message>
     <message numerus="yes">
-        <source>%n album folder(s)</source>
+        <source>%Ln album folder(s)</source>
         <translation>
-            <numerusform>%n 个相簿文件夹</numerusform>
+            <numerusform>%Ln 个相簿文件夹</numerusform>
         </translation>
     </message>
     <message numerus="yes">
-        <source>%n album folder(s) could not be made</source>
+        <source>%Ln album folder(s) could not be made</source>
         <translation>
-            <numerusform>%n 个相簿文件夹无法建立</numerusform>
+            <numerusform>%Ln 个相簿文件夹无法建立</numerusform>
         </translation>
     </message>
     <message>
@@ -784,15 +790,15 @@ Without DEVICE it lists the phones, backups and folders that there are.</source>
         <translation>剩余不到一分钟</translation>
     </message>
     <message numerus="yes">
-        <source>about %n minute(s) left</source>
+        <source>about %Ln minute(s) left</source>
         <translation>
-            <numerusform>剩余约 %n 分钟</numerusform>
+            <numerusform>剩余约 %Ln 分钟</numerusform>
         </translation>
     </message>
     <message numerus="yes">
-        <source>about %n hour(s) left</source>
+        <source>about %Ln hour(s) left</source>
         <translation>
-            <numerusform>剩余约 %n 小时</numerusform>
+            <numerusform>剩余约 %Ln 小时</numerusform>
         </translation>
     </message>
     <message>
@@ -800,13 +806,43 @@ Without DEVICE it lists the phones, backups and folders that there are.</source>
         <comment>how fast, and how long</comment>
         <translation>%1，%2</translation>
     </message>
+    <message numerus="yes">
+        <source>%Ln original(s) not in this backup, but in the cloud</source>
+        <translation>
+            <numerusform>%Ln 个原件不在此备份中，但在云端</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln original(s) not in this backup</source>
+        <translation>
+            <numerusform>%Ln 个原件不在此备份中</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln original(s) not on the device</source>
+        <translation>
+            <numerusform>%Ln 个原件不在设备上</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Originals are missing in this backup, which may have been broken off. Make a new backup, or connect the device itself, and export again: only what is new is copied.</source>
+        <translation>此备份中缺少原件，备份可能曾被中断。请制作新的备份，或连接设备本身，然后再次导出：只会复制新的内容。</translation>
+    </message>
+    <message>
+        <source>Originals are missing on the device, though its list of photos names them. Connect the device again and export again: only what is new is copied.</source>
+        <translation>设备的照片列表中有一些原件，但设备上找不到它们。请重新连接设备并再次导出：只会复制新的内容。</translation>
+    </message>
+    <message>
+        <source>Everything that is in this backup is exported.</source>
+        <translation>此备份中的所有内容均已导出。</translation>
+    </message>
 </context>
 <context>
     <name>browser::ExportWindow</name>
     <message numerus="yes">
-        <source>Export %n photo(s) and video(s)</source>
+        <source>Export %Ln photo(s) and video(s)</source>
         <translation>
-            <numerusform>导出 %n 个照片和视频</numerusform>
+            <numerusform>导出 %Ln 个照片和视频</numerusform>
         </translation>
     </message>
     <message>
@@ -1065,6 +1101,10 @@ Without DEVICE it lists the phones, backups and folders that there are.</source>
     <message>
         <source>&amp;Open</source>
         <translation>打开(&amp;O)</translation>
+    </message>
+    <message>
+        <source>Copy &amp;photos</source>
+        <translation>复制照片(&amp;P)</translation>
     </message>
 </context>
 <context>
@@ -1403,6 +1443,22 @@ Without DEVICE it lists the phones, backups and folders that there are.</source>
         <source>Why</source>
         <translation>原因</translation>
     </message>
+    <message>
+        <source>In the cloud</source>
+        <translation>在云端</translation>
+    </message>
+    <message>
+        <source>Missing</source>
+        <translation>缺失</translation>
+    </message>
+    <message>
+        <source>this backup does not hold it</source>
+        <translation>此备份不包含它</translation>
+    </message>
+    <message>
+        <source>the device does not hold it</source>
+        <translation>设备上没有它</translation>
+    </message>
 </context>
 <context>
     <name>browser::ProblemPanel</name>
@@ -1467,9 +1523,9 @@ Without DEVICE it lists the phones, backups and folders that there are.</source>
         <translation>存储列表(&amp;S)…</translation>
     </message>
     <message numerus="yes">
-        <source>%n more not listed</source>
+        <source>%Ln more not listed</source>
         <translation>
-            <numerusform>另有 %n 项未列出</numerusform>
+            <numerusform>另有 %Ln 项未列出</numerusform>
         </translation>
     </message>
     <message>

@@ -2,7 +2,6 @@
 
 #include "devicehost/open_error.h"
 #include "exporter/asset_files.h"
-#include "exporter/safe_name.h"
 #include "photolib/host/iipod.h"
 #include "photolib/host/vdev.h"
 #include "photolib/photo_item.h"
@@ -67,20 +66,7 @@ QString originalPathOf(const photoItem &photo)
 
 QStringList renderedPathsOf(const photoItem &photo)
 {
-    constexpr qint32 video = 1;
-    const QString original = originalPathOf(photo);
-    if (photo.hasAdjustments == 0 || original.isEmpty())
-        return {};
-    const int nameStart = original.lastIndexOf(QLatin1Char('/')) + 1;
-    const QString stem = original.left(nameStart) + exporter::stemOf(original.mid(nameStart));
-    const QString base = QStringLiteral("/PhotoData/Mutations") + stem + QStringLiteral("/Adjustments/FullSizeRender.");
-    QStringList paths;
-    for (const char *extension : {"jpg", "heic", "JPG", "HEIC", "png", "PNG", "jpeg", "gif", "GIF"})
-        paths += base + QLatin1String(extension);
-    if (photo.mediaType != video)
-        return paths;
-    return {base + QStringLiteral("mov"), base + QStringLiteral("MOV"), base + QStringLiteral("mp4"),
-            base + QStringLiteral("MP4")};
+    return photo.hasAdjustments == 0 ? QStringList() : exporter::companionPaths(photo, exporter::Role::Edited);
 }
 
 bool isDeviceThere(IIPod &host)

@@ -1,5 +1,6 @@
 #include "apps/browser/page/library_page.h"
 
+#include "apps/browser/exporting/copy_files.h"
 #include "apps/browser/exporting/drag_out.h"
 #include "apps/browser/page/collection_titles.h"
 #include "apps/browser/page/facts_pane.h"
@@ -145,6 +146,8 @@ void LibraryPage::setUpActions()
     };
     exportAction = add("exportAction", tr("&Export…"), QKeySequence()); // the window has the keys for it
     connect(exportAction, &QAction::triggered, this, &LibraryPage::exportSelected);
+    copyFilesAction = add("copyFilesAction", tr("Copy &photos"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_C));
+    connect(copyFilesAction, &QAction::triggered, this, [this] { copyFiles(opened, grid->selectedIds(), this); });
     copyAction = new QAction(tr("&Copy file name"), this);
     copyAction->setObjectName(QStringLiteral("copyNameAction"));
     copyAction->setShortcut(QKeySequence::Copy);
@@ -318,6 +321,7 @@ void LibraryPage::showMenu(const QPoint &globalPosition)
     menu->setDefaultAction(open);
     menu->addAction(exportAction);
     menu->addSeparator();
+    menu->addAction(copyFilesAction);
     menu->addAction(copyAction);
     menu->addAction(factsAction);
     menu->popup(globalPosition);

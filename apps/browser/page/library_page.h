@@ -102,6 +102,7 @@ private:
     QLabel *emptyText = nullptr;
     QWidget *clearButton = nullptr;
     QAction *exportAction = nullptr;
+    QAction *copyFilesAction = nullptr;
     QAction *copyAction = nullptr;
     QAction *factsAction = nullptr;
     QTimer statusPause; ///< one text for many changes

@@ -1,4 +1,5 @@
 #include "apps/browser/exporting/destination_check.h"
+#include "apps/browser/library/background.h"
 
 #include <QDir>
 #include <QFile>
@@ -8,6 +9,9 @@
 #include <gtest/gtest.h>
 
 #include <unistd.h>
+
+#include <future>
+#include <memory>
 
 namespace
 {
@@ -72,6 +76,48 @@ TEST_F(Destination, AskedForLastIsAnswered)
     for (int i = 0; i < 100; ++i)
         checker.request(path("there") + QString::number(i));
     EXPECT_TRUE(QTest::qWaitFor([&] { return last == path("there99"); }, 30'000));
+    EXPECT_TRUE(browser::waitForBackground(std::chrono::minutes(1)));
+}
+
+TEST(DestinationChecker, WaitsForNoFolderThatDoesNotAnswer)
+{
+    std::promise<void> release;
+    const auto look = [gate = release.get_future().share()](const QString &path) {
+        if (path == QLatin1String("/dead"))
+            gate.wait();
+        return browser::DestinationState{path, QString(), 1};
+    };
+    auto checker = std::make_unique<browser::DestinationChecker>(look);
+    QStringList answers;
+    QObject::connect(checker.get(), &browser::DestinationChecker::checked,
+                     [&](const browser::DestinationState &state) { answers += state.path; });
+    checker->request(QStringLiteral("/dead"));
+    checker->request(QStringLiteral("/there"));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return answers == QStringList{QStringLiteral("/there")}; }, 60'000));
+    checker.reset();
+    release.set_value();
+    EXPECT_TRUE(browser::waitForBackground(std::chrono::minutes(1)));
+    QCoreApplication::processEvents();
+    EXPECT_EQ(answers.size(), 1);
+}
+
+TEST(DestinationChecker, AnswersAgainWhenManyFoldersDidNotAnswer)
+{
+    std::promise<void> release;
+    const auto look = [gate = release.get_future().share()](const QString &path) {
+        gate.wait();
+        return browser::DestinationState{path, QString(), 1};
+    };
+    browser::DestinationChecker checker(look);
+    QStringList answers;
+    QObject::connect(&checker, &browser::DestinationChecker::checked,
+                     [&](const browser::DestinationState &state) { answers += state.path; });
+    for (int i = 0; i < 10; ++i)
+        checker.request(QString::number(i));
+    release.set_value();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !answers.isEmpty(); }, 60'000));
+    EXPECT_EQ(answers, QStringList{QStringLiteral("9")});
+    EXPECT_TRUE(browser::waitForBackground(std::chrono::minutes(1)));
 }
 
 } // namespace

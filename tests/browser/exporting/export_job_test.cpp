@@ -1,5 +1,6 @@
 #include "apps/browser/exporting/export_choices.h"
 #include "apps/browser/exporting/export_job.h"
+#include "apps/browser/library/background.h"
 #include "tests/browser/exporting/exporting_device.h"
 
 #include <QSignalSpy>
@@ -54,6 +55,8 @@ TEST_F(Exporting, CopiesTheBytesOfTheDevice)
     EXPECT_FALSE(job->isRunning());
     EXPECT_TRUE(result->outcome.isSuccess());
     EXPECT_TRUE(result->failed.empty());
+    EXPECT_TRUE(result->places.contains(QStringLiteral("DCIM")));
+    EXPECT_EQ(QStringList(result->places).removeDuplicates(), 0);
     for (const qint64 id : some) {
         const QByteArray original = read(originalOf(id));
         const QString path = library->devicePath(id);
@@ -131,6 +134,62 @@ TEST_F(Exporting, ListsWhatIsOnlyInTheCloudAndWhatIsUnknown)
     EXPECT_EQ(result->problems[1].kind, ExportProblem::Kind::Failed);
     EXPECT_FALSE(result->problems[1].text.isEmpty());
     EXPECT_EQ(result->failed, std::vector<qint64>{999'999});
+}
+
+TEST_F(Exporting, TellsWhatIsLostFromWhatIsOnlyInTheCloud)
+{
+    const qint64 taken = firstBelow("DCIM/"), shared = firstBelow("PhotoData/PhotoCloudSharingData/");
+    const Absence lost(originalOf(taken)), notFetched(originalOf(shared));
+    for (const bool isPlan : {true, false}) {
+        options.dryRun = isPlan;
+        result.reset();
+        job->start(options, {taken, absent[0], shared, here.back()});
+        ASSERT_TRUE(waitForEnd());
+        EXPECT_EQ(result->outcome.count(FileStatus::Missing), 3);
+        EXPECT_EQ(result->notThere, 1);
+        ASSERT_EQ(result->problems.size(), 3U);
+        EXPECT_EQ(result->problems[0].kind, ExportProblem::Kind::NotThere);
+        EXPECT_EQ(result->problems[1].kind, ExportProblem::Kind::OnlyInCloud);
+        EXPECT_EQ(result->problems[2].kind, ExportProblem::Kind::OnlyInCloud);
+        EXPECT_FALSE(result->wasBackup);
+    }
+}
+
+TEST_F(Exporting, CountsOriginalsAsLostThatTheCloudLeftOnTheDevice)
+{
+    const SampleFolder brokenOff(QStringLiteral("ios14"), SampleParts::DatabaseOnly);
+    library = openFolder(brokenOff.root());
+    ASSERT_NE(library, nullptr);
+    std::vector<qint64> inCloud;
+    qint64 stillThere = 0;
+    for (const qint64 id : library->library().getPhotoList()) {
+        if (library->item(id)->cloudLocalState != 1)
+            continue;
+        const browser::Photo *const photo = library->snapshot().find(id);
+        ASSERT_NE(photo, nullptr);
+        inCloud.push_back(id);
+        stillThere += photo->is(browser::CloudOnly) ? 0 : 1;
+    }
+    ASSERT_GT(stillThere, 0);
+    ASSERT_LT(stillThere, qint64(inCloud.size()));
+    job = std::make_unique<ExportJob>(library);
+    QObject::connect(job.get(), &ExportJob::finished, [this](const auto &ended) { result = ended; });
+    job->start(options, inCloud);
+    ASSERT_TRUE(waitForEnd());
+    EXPECT_EQ(result->outcome.count(FileStatus::Missing), qint64(inCloud.size()));
+    EXPECT_EQ(result->notThere, stillThere);
+}
+
+TEST_F(Exporting, LeavesAThreadThatTheDeviceHoldsUpBehind)
+{
+    startPaused(some);
+    std::weak_ptr<browser::OpenedLibrary> used = library;
+    job.reset();
+    browser::retire(std::move(library));
+    EXPECT_TRUE(browser::waitForBackground(std::chrono::milliseconds(patience)));
+    browser::waitForRetired();
+    EXPECT_TRUE(used.expired());
+    EXPECT_TRUE(filesIn(target()).isEmpty());
 }
 
 TEST_F(Exporting, EndsWhenTheDestinationIsFull)

@@ -1,6 +1,8 @@
 #include "apps/browser/exporting/export_texts.h"
 #include "apps/browser/exporting/problem_model.h"
 
+#include <QLocale>
+
 #include <gtest/gtest.h>
 
 namespace
@@ -26,6 +28,41 @@ TEST(ExportTexts, HaveALineForEachKindOfFileThatThereIs)
         const QStringList lines = browser::summaryLines(resultWith(status, 17));
         ASSERT_EQ(lines.size(), 2);
         EXPECT_TRUE(lines[1].startsWith(QStringLiteral("17 "))) << lines[1].toStdString();
+    }
+}
+
+TEST(ExportTexts, WriteNumbersAsTheLocaleDoes)
+{
+    const QLocale before;
+    QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
+    const QStringList lines = browser::summaryLines(resultWith(FileStatus::Failed, 100'000));
+    QLocale::setDefault(before);
+    ASSERT_EQ(lines.size(), 2);
+    EXPECT_TRUE(lines[1].startsWith(QStringLiteral("100.000 "))) << lines[1].toStdString();
+}
+
+TEST(ExportTexts, DoNotCallABrokenOffBackupEverything)
+{
+    ExportResult inCloud = resultWith(FileStatus::Missing, 3);
+    const QString good = browser::headline(inCloud);
+    EXPECT_TRUE(browser::advice(inCloud).isEmpty());
+    ExportResult inBackup = inCloud;
+    inBackup.wasBackup = true;
+    EXPECT_FALSE(browser::headline(inBackup).contains(QStringLiteral("device")));
+    for (const bool isBackup : {true, false}) {
+        ExportResult lost = inCloud;
+        lost.notThere = 2;
+        lost.wasBackup = isBackup;
+        const QStringList lines = browser::summaryLines(lost);
+        ASSERT_EQ(lines.size(), 3);
+        EXPECT_TRUE(lines[1].startsWith(QStringLiteral("2 "))) << lines[1].toStdString();
+        EXPECT_FALSE(lines[1].contains(QStringLiteral("cloud")));
+        EXPECT_EQ(lines[1].contains(QStringLiteral("backup")), isBackup);
+        EXPECT_TRUE(lines[2].startsWith(QStringLiteral("1 "))) << lines[2].toStdString();
+        EXPECT_NE(browser::headline(lost), good);
+        EXPECT_EQ(browser::advice(lost).contains(QStringLiteral("backup")), isBackup);
+        lost.notThere = 3;
+        EXPECT_EQ(browser::summaryLines(lost).size(), 2);
     }
 }
 
@@ -56,17 +93,20 @@ TEST(ProblemModel, HasARowForEachProblemAndCsvThatSurvivesQuotes)
     auto result = std::make_shared<ExportResult>();
     result->problems = {{ExportProblem::Kind::Failed, QStringLiteral("/DCIM/A \"1\",2.JPG"), QStringLiteral("why"), 1},
                         {ExportProblem::Kind::OnlyInCloud, QStringLiteral("/DCIM/B.JPG"), QString(), 2},
-                        {ExportProblem::Kind::Note, QString(), QStringLiteral("note"), 0}};
+                        {ExportProblem::Kind::Note, QString(), QStringLiteral("note"), 0},
+                        {ExportProblem::Kind::NotThere, QStringLiteral("/DCIM/C.JPG"), QString(), 3}};
     browser::ProblemModel model;
     model.setResult(result);
-    EXPECT_EQ(model.rowCount(), 3);
+    EXPECT_EQ(model.rowCount(), 4);
     EXPECT_EQ(model.columnCount(), 3);
     EXPECT_EQ(model.data(model.index(0, 2)).toString(), QStringLiteral("why"));
     EXPECT_FALSE(model.data(model.index(1, 2)).toString().isEmpty());
+    EXPECT_FALSE(model.data(model.index(3, 0)).toString().contains(QStringLiteral("cloud")));
+    EXPECT_FALSE(model.data(model.index(3, 2)).toString().isEmpty());
     const QList<QByteArray> lines = model.asCsv().split('\n');
-    ASSERT_EQ(lines.size(), 5);
+    ASSERT_EQ(lines.size(), 6);
     EXPECT_EQ(lines[1].toStdString(), "\"Failed\",\"/DCIM/A \"\"1\"\",2.JPG\",\"why\"\r");
-    EXPECT_EQ(model.asText().count(QLatin1Char('\n')), 3);
+    EXPECT_EQ(model.asText().count(QLatin1Char('\n')), 4);
 }
 
 } // namespace

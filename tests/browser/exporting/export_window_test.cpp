@@ -86,6 +86,36 @@ TEST_F(ExportingWindow, KnowsWhatIsThereAlready)
     }
 }
 
+TEST_F(ExportingWindow, DoesNotCallItEverythingWhenOriginalsAreLost)
+{
+    const qint64 taken = firstBelow("DCIM/");
+    const Absence lost(originalOf(taken));
+    open({taken, here.back()});
+    plan();
+    EXPECT_TRUE(label("resultNote").contains(QStringLiteral("missing"))) << label("resultNote").toStdString();
+    button("nextButton")->click();
+    ASSERT_TRUE(waitForVisible("folderButton"));
+    EXPECT_FALSE(label("resultTitle").contains(QStringLiteral("Everything"))) << label("resultTitle").toStdString();
+    EXPECT_FALSE(label("resultCounts").contains(QStringLiteral("cloud"))) << label("resultCounts").toStdString();
+    EXPECT_TRUE(label("resultNote").contains(QStringLiteral("missing")));
+}
+
+TEST_F(ExportingWindow, SaysHowManyPhotosEverythingLeavesOut)
+{
+    const browser::Snapshot &snapshot = library->snapshot();
+    const QList<qint64> everything = snapshot.collections.front().photoIds;
+    const int leftOut = int(snapshot.photos.size()) - everything.size();
+    ASSERT_GT(leftOut, 0);
+    open({everything.begin(), everything.end()});
+    EXPECT_TRUE(find<QLabel>("leftOutNote")->isVisible());
+    EXPECT_TRUE(label("leftOutNote").startsWith(QString::number(leftOut))) << label("leftOutNote").toStdString();
+    open({std::next(everything.begin()), everything.end()});
+    EXPECT_FALSE(find<QLabel>("leftOutNote")->isVisible()) << "it is a selection";
+    const QList<qint64> all = library->library().getPhotoList();
+    open({all.begin(), all.end()});
+    EXPECT_FALSE(find<QLabel>("leftOutNote")->isVisible());
+}
+
 TEST_F(ExportingWindow, RefusesTheDevicesOwnFolder)
 {
     open(firstHere(2));
@@ -200,13 +230,25 @@ TEST_F(ExportingWindow, EndsInGoodOrderWhenItIsWaitedFor)
         EXPECT_GT(QFileInfo(file).size(), 0);
 }
 
-TEST_F(ExportingWindow, GoesAwayWhileItRuns)
+TEST_F(ExportingWindow, GoesAwayWhileItRunsAndStopsTheReadsOfItsLibrary)
 {
     open(some);
     plan();
+    EXPECT_FALSE(library->isStopped());
     button("nextButton")->click();
+    button("pauseButton")->click();
     window.reset();
     QCoreApplication::processEvents();
+    EXPECT_TRUE(library->isStopped());
+}
+
+TEST_F(ExportingWindow, LeavesItsLibraryAloneWhenNothingRuns)
+{
+    open(firstHere(2));
+    plan();
+    window->cancelAndWait();
+    window.reset();
+    EXPECT_FALSE(library->isStopped());
 }
 
 } // namespace

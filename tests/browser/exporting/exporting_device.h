@@ -1,6 +1,7 @@
 #ifndef TESTS_BROWSER_EXPORTING_EXPORTING_DEVICE_H
 #define TESTS_BROWSER_EXPORTING_EXPORTING_DEVICE_H
 
+#include "apps/browser/library/background.h"
 #include "photolib/photolib.h"
 #include "tests/browser/support/opened_folder.h"
 #include "tests/cli/sample/sample_folder.h"
@@ -12,6 +13,7 @@
 
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <vector>
 
 /// A sample device with an open library, and a folder for exports.
@@ -24,6 +26,14 @@ protected:
     {
         static SampleFolder folder;
         return folder;
+    }
+
+    /// After the objects of the test are gone, so that no thread of theirs outlives it.
+    ~ExportingDevice() override
+    {
+        browser::retire(std::move(library));
+        EXPECT_TRUE(browser::waitForBackground(std::chrono::milliseconds(patience)));
+        browser::waitForRetired();
     }
 
     void SetUp() override
@@ -46,6 +56,16 @@ protected:
         return {here.begin(), here.begin() + std::ptrdiff_t(count)};
     }
 
+    /// A photo that is on the device, and whose path begins so.
+    qint64 firstBelow(const char *folder)
+    {
+        for (const qint64 id : here)
+            if (library->devicePath(id).startsWith(QLatin1String(folder)))
+                return id;
+        ADD_FAILURE() << folder;
+        return 0;
+    }
+
     static QVector<qint64> asVector(const std::vector<qint64> &ids) { return QVector<qint64>(ids.begin(), ids.end()); }
 
     static QByteArray read(const QString &path)
@@ -53,6 +73,20 @@ protected:
         QFile file(path);
         return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
     }
+
+    /// Takes a file away from the device and brings it back.
+    class Absence
+    {
+    public:
+        explicit Absence(QString path) : file(std::move(path)) { EXPECT_TRUE(QFile::rename(file, kept())); }
+        ~Absence() { EXPECT_TRUE(QFile::rename(kept(), file)); }
+        Absence(const Absence &) = delete;
+        Absence &operator=(const Absence &) = delete;
+
+    private:
+        QString kept() const { return file + QStringLiteral(".kept"); }
+        const QString file;
+    };
 
     /// Files below the folder, without the exporter's record.
     static QStringList filesIn(const QString &folder)

@@ -1,5 +1,6 @@
 #include "apps/browser/page/library_page.h"
 
+#include "apps/browser/library/background.h"
 #include "apps/browser/page/photo_grid.h"
 #include "apps/browser/page/side_bar.h"
 #include "apps/browser/page/texts.h"
@@ -15,11 +16,13 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
+#include <QMimeData>
 #include <QScrollBar>
 #include <QSettings>
 #include <QSignalSpy>
 #include <QTest>
 #include <QToolButton>
+#include <QUrl>
 
 #include <gmock/gmock.h>
 
@@ -317,6 +320,25 @@ TEST_F(Page, ExportAndCopyingNamesTakeTheSelectedPhotos)
     const QVector<qint64> ids = shown({0, 2});
     EXPECT_EQ(QGuiApplication::clipboard()->text(),
               photoOf(ids[0]).fileName + QLatin1Char('\n') + photoOf(ids[1]).fileName);
+}
+
+TEST_F(Page, KeysCopyTheSelectedPhotosAsFiles)
+{
+    QGuiApplication::clipboard()->setText(QStringLiteral("before"));
+    const QVector<qint64> all = page->shownPhotos();
+    const auto isPlain = [&](qint64 id) {
+        return photoOf(id).kind == browser::MediaKind::Photo && photoOf(id).traits == 0U;
+    };
+    const auto plain = std::find_if(all.begin(), all.end(), isPlain);
+    ASSERT_NE(plain, all.end());
+    page->setCurrentPhoto(*plain);
+    press(Qt::Key_C, Qt::ControlModifier | Qt::ShiftModifier);
+    const auto copied = [] { return QGuiApplication::clipboard()->mimeData()->urls(); };
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !copied().isEmpty(); }, patience));
+    ASSERT_EQ(copied().size(), 1);
+    EXPECT_EQ(copied()[0].fileName(), photoOf(*plain).fileName);
+    QGuiApplication::clipboard()->clear();
+    EXPECT_TRUE(browser::waitForBackground(std::chrono::milliseconds(patience)));
 }
 
 TEST_F(Page, ARightClickOpensTheMenuForThePhotoBelowIt)
