@@ -28,10 +28,10 @@ ThumbnailLoader::~ThumbnailLoader()
 
 void ThumbnailLoader::want(const QVector<qint64> &ids, int side)
 {
-    if (!work->want(ids, side))
-        return;
-    while (work->threads() < threadCount && startBackground([work = work] { work->run(); }))
-        work->addThread();
+    int missing = work->want(ids, side, threadCount);
+    while (missing > 0 && startBackground([work = work] { work->run(); }))
+        --missing;
+    work->lack(missing);
 }
 
 void ThumbnailLoader::deliver()

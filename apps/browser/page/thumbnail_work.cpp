@@ -2,6 +2,7 @@
 
 #include "apps/browser/page/thumbnail_decoder.h"
 
+#include <algorithm>
 #include <new>
 
 namespace browser
@@ -19,30 +20,30 @@ ThumbnailWork::ThumbnailWork(std::shared_ptr<ThumbnailSource> thumbnails, std::f
 {
 }
 
-bool ThumbnailWork::want(const QVector<qint64> &ids, int side)
+int ThumbnailWork::want(const QVector<qint64> &ids, int side, int most)
 {
-    {
-        const std::lock_guard<std::mutex> lock(mutex);
-        queue.clear();
-        for (const qint64 id : ids) {
-            if (!running.contains(id))
-                queue.push_back({id, side});
-        }
-        if (queue.empty())
-            return false;
+    const std::lock_guard<std::mutex> lock(mutex);
+    queue.clear();
+    for (const qint64 id : ids) {
+        if (!running.contains(id))
+            queue.push_back({id, side});
     }
-    wake.notify_all();
-    return true;
+    const int added = std::max(0, std::min<int>(most - threads, static_cast<int>(queue.size())));
+    threads += added;
+    return added;
+}
+
+void ThumbnailWork::lack(int count)
+{
+    const std::lock_guard<std::mutex> lock(mutex);
+    threads -= count;
 }
 
 void ThumbnailWork::end()
 {
-    {
-        const std::lock_guard<std::mutex> lock(mutex);
-        ending = true;
-        queue.clear();
-    }
-    wake.notify_all();
+    const std::lock_guard<std::mutex> lock(mutex);
+    ending = true;
+    queue.clear();
 }
 
 void ThumbnailWork::run()
@@ -54,10 +55,11 @@ void ThumbnailWork::run()
 
 bool ThumbnailWork::take(Request *request)
 {
-    std::unique_lock<std::mutex> lock(mutex);
-    wake.wait(lock, [this] { return ending || !queue.empty(); });
-    if (ending)
+    const std::lock_guard<std::mutex> lock(mutex);
+    if (ending || queue.empty()) {
+        --threads;
         return false;
+    }
     *request = queue.front();
     queue.pop_front();
     running.insert(request->id);

@@ -5,7 +5,6 @@
 
 #include <QSet>
 
-#include <condition_variable>
 #include <deque>
 #include <functional>
 #include <mutex>
@@ -25,16 +24,14 @@ public:
     /// `announce` is called when there is a batch to be taken, by the thread that made it.
     ThumbnailWork(std::shared_ptr<ThumbnailSource> source, std::function<void()> announce);
 
-    /// False when nothing of it is to be done.
-    bool want(const QVector<qint64> &ids, int side);
-    /// Works until end() is called.
+    /// Replaces what was wanted. Answers how many threads, of `most` at the same time, are to call run() for it.
+    int want(const QVector<qint64> &ids, int side, int most);
+    /// Takes back the promise of `count` threads, which could not be started.
+    void lack(int count);
+    /// Works until nothing is wanted any more, or end() is called.
     void run();
     void end();
     Batch takeBatch();
-
-    /// Number of threads that were started; the loader counts them.
-    int threads() const { return started; }
-    void addThread() { ++started; }
 
 private:
     struct Request {
@@ -48,9 +45,8 @@ private:
 
     const std::shared_ptr<ThumbnailSource> source;
     const std::function<void()> tell;
-    int started = 0;
     std::mutex mutex;
-    std::condition_variable wake;
+    int threads = 0; ///< guarded by `mutex`, as what follows
     std::deque<Request> queue;
     QSet<qint64> running;
     Batch ready;

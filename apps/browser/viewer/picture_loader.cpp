@@ -50,16 +50,7 @@ void PictureLoader::load(const PictureRequest &current, const QVector<PictureReq
     for (const PictureRequest &neighbour : neighbours)
         if (!neighbour.thumbnailOnly && !isAtHand(neighbour))
             missing.append(neighbour);
-    work->want(current, isThere, missing);
-    startThread();
-}
-
-void PictureLoader::startThread()
-{
-    if (hasThread)
-        return;
-    hasThread = startBackground([work = work] { work->run(); });
-    if (!hasThread)
+    if (work->want(current, isThere, missing) && !startBackground([work = work] { work->run(); }))
         work->refuse();
 }
 

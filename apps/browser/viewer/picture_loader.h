@@ -56,14 +56,12 @@ private:
 
     static Key keyOf(const PictureRequest &request) { return {request.id, static_cast<int>(request.version)}; }
     bool isAtHand(const PictureRequest &request) const { return cached(request.id, request.version) != nullptr; }
-    void startThread();
     void deliver(const PictureRequest &request, const SharedPicture &picture);
 
     QCache<Key, SharedPicture> cache; ///< cost in KiB
     const std::shared_ptr<Mailbox> mailbox;
     const std::shared_ptr<PictureWork> work;
     PictureRequest wanted;
-    bool hasThread = false;
 };
 
 } // namespace browser

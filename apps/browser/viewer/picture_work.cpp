@@ -7,24 +7,24 @@ namespace browser
 
 PictureWork::PictureWork(std::shared_ptr<PictureSource> pictures) : source(std::move(pictures)) {}
 
-void PictureWork::want(const PictureRequest &current, bool isThere, const QVector<PictureRequest> &neighbours)
+bool PictureWork::want(const PictureRequest &current, bool isThere, const QVector<PictureRequest> &neighbours)
 {
-    {
-        const std::lock_guard<std::mutex> lock(mutex);
-        tasks.clear();
-        if (!isThere) {
-            tasks.push_back({current, true});
-            if (!current.thumbnailOnly && !(running == current))
-                tasks.push_back({current, false});
-        }
-        for (const PictureRequest &neighbour : neighbours)
-            if (!(running == neighbour))
-                tasks.push_back({neighbour, false});
-        const bool keepsRunning = running == current || (isThere && running && neighbours.contains(*running));
-        if (!keepsRunning)
-            giveUpRunning();
+    const std::lock_guard<std::mutex> lock(mutex);
+    tasks.clear();
+    if (!isThere) {
+        tasks.push_back({current, true});
+        if (!current.thumbnailOnly && !(running == current))
+            tasks.push_back({current, false});
     }
-    changed.notify_all();
+    for (const PictureRequest &neighbour : neighbours)
+        if (!(running == neighbour))
+            tasks.push_back({neighbour, false});
+    const bool keepsRunning = running == current || (isThere && running && neighbours.contains(*running));
+    if (!keepsRunning)
+        giveUpRunning();
+    const bool wantsThread = !hasThread && !tasks.empty();
+    hasThread = hasThread || wantsThread;
+    return wantsThread;
 }
 
 // Until the next task is taken: what was given up once is loaded anew.
@@ -48,6 +48,7 @@ void PictureWork::refuse()
     std::deque<Task> refused;
     {
         const std::lock_guard<std::mutex> lock(mutex);
+        hasThread = false;
         refused.swap(tasks);
     }
     for (const Task &task : refused) {
@@ -58,22 +59,20 @@ void PictureWork::refuse()
 
 void PictureWork::end()
 {
-    {
-        const std::lock_guard<std::mutex> lock(mutex);
-        closing = true;
-        giveUp.store(true);
-        tasks.clear();
-    }
-    changed.notify_all();
+    const std::lock_guard<std::mutex> lock(mutex);
+    closing = true;
+    giveUp.store(true);
+    tasks.clear();
 }
 
 bool PictureWork::takeTask(Task &task)
 {
-    std::unique_lock<std::mutex> lock(mutex);
+    const std::lock_guard<std::mutex> lock(mutex);
     running.reset();
-    changed.wait(lock, [this] { return closing || !tasks.empty(); });
-    if (closing)
+    if (closing || tasks.empty()) {
+        hasThread = false;
         return false;
+    }
     task = tasks.front();
     tasks.pop_front();
     giveUp.store(false);

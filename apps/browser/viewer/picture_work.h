@@ -4,7 +4,6 @@
 #include "apps/browser/viewer/picture_loader.h"
 
 #include <atomic>
-#include <condition_variable>
 #include <deque>
 #include <functional>
 #include <mutex>
@@ -23,12 +22,13 @@ public:
     std::function<void(qint64 id, const QImage &thumbnail)> whenThumbnail;
     std::function<void(const PictureRequest &request, const SharedPicture &picture)> whenPicture;
 
-    /// Replaces what was wanted. `isThere`: the current picture is at hand.
-    void want(const PictureRequest &current, bool isThere, const QVector<PictureRequest> &neighbours);
+    /// Replaces what was wanted. `isThere`: the current picture is at hand. True when a thread is to call run() for it,
+    /// or else refuse().
+    bool want(const PictureRequest &current, bool isThere, const QVector<PictureRequest> &neighbours);
     void forget();
     /// Answers what is wanted in place of a thread that could not be started.
     void refuse();
-    /// Works until end() is called.
+    /// Works until nothing is wanted any more, or end() is called.
     void run();
     void end();
 
@@ -44,9 +44,9 @@ private:
 
     const std::shared_ptr<PictureSource> source;
     std::mutex mutex;
-    std::condition_variable changed;
     std::deque<Task> tasks;                ///< guarded by `mutex`, as what follows
     std::optional<PictureRequest> running; ///< whose picture is in hand; none when it is given up
+    bool hasThread = false;
     bool closing = false;
     std::atomic<bool> giveUp{false};
 };

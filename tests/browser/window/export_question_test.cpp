@@ -39,8 +39,7 @@ protected:
         window->openDevice(phone().root());
         EXPECT_NE(waitForShown<QWidget>(window, "libraryRoom"), nullptr);
         openExport(window);
-        exporting->findChild<browser::ExportJob *>()->pause(); // before it begins, so that it copies nothing
-        startExport();
+        startExport(true);
         EXPECT_TRUE(exporting->isRunning());
         return window;
     }
@@ -52,12 +51,15 @@ protected:
         exporting->findChild<QComboBox *>(QStringLiteral("destinationBox"))->setEditText(target());
     }
 
-    void startExport()
+    /// Paused, it copies nothing before it is told to go on.
+    void startExport(bool paused = false)
     {
         auto *const next = exporting->findChild<QPushButton *>(QStringLiteral("nextButton"));
         EXPECT_TRUE(comesTrueSoon([next] { return next->isEnabled(); }));
         next->click();
         EXPECT_NE(waitForShown<QPushButton>(exporting, "backButton"), nullptr);
+        if (paused)
+            exporting->findChild<browser::ExportJob *>()->pause();
         next->click();
     }
 
