@@ -105,7 +105,7 @@ TEST_F(ExportCommand, MadeUpDeviceComesOutWhole)
         run({"export", sample, dest(), "--layout", "dcim", "--edited", "--albums", "--verify", "--report", report});
     EXPECT_EQ(result.code, 1) << result.err.toStdString(); // some originals are only in the cloud
     EXPECT_THAT(result.out.toStdString(), HasSubstr(" verified, no difference\n"));
-    EXPECT_THAT(result.err.toStdString(), HasSubstr("only in the cloud"));
+    EXPECT_THAT(result.err.toStdString(), HasSubstr("in the cloud only"));
     int exported = 0;
     int missing = 0;
     for (const QJsonObject &row : rowsOf(report)) {
@@ -151,11 +151,11 @@ TEST_F(ExportCommand, OriginalsInTheCloudAreToldApartFromFailures)
     const QString report = folder.path() + "/report.json";
     const RunResult result = exportAll({"--report", report});
     EXPECT_EQ(result.code, 1);
-    EXPECT_THAT(result.out.toStdString(), HasSubstr("2 files exported (100 B), 1 only in the cloud, 1 failed\n"));
+    EXPECT_THAT(result.out.toStdString(), HasSubstr("2 files exported (100 B), 1 not on the device, 1 failed\n"));
     EXPECT_THAT(result.err.toStdString(), HasSubstr("photolib: /DCIM/100APPLE/IMG_0003.JPG: "));
     EXPECT_THAT(
         result.err.toStdString(),
-        HasSubstr("photolib: 1 original is only in the cloud, not on the device:\n  /DCIM/100APPLE/IMG_0002.JPG\n"));
+        HasSubstr("photolib: 1 original is not on the device, but in the cloud only, or lost:\n  /DCIM/100APPLE/IMG_0002.JPG\n"));
     const auto rows = rowsOf(report);
     EXPECT_EQ(rows.size(), 4);
     EXPECT_EQ(rows["/DCIM/100APPLE/IMG_0001.JPG"].value("status"), "exported");

@@ -121,7 +121,7 @@ TEST(ExportWords, SummaryNamesWhatThereIs)
     outcome.albumsFailed = 2;
     EXPECT_EQ(summaryLine(outcome, false),
               QStringLiteral("1 of 2 photos and videos: 1 file exported (5 B), 2 found there and taken over, 3 already "
-                             "there, 4 only in the cloud, 5 failed, 1 album, 2 albums failed"));
+                             "there, 4 not on the device, 5 failed, 1 album, 2 albums failed"));
 }
 
 TEST(ExportWords, EveryRoleAndStatusHasAName)

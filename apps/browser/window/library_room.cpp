@@ -280,6 +280,7 @@ void LibraryRoom::reopen()
     reopener = std::make_unique<Opener>(deviceName());
     const auto finished = [this] {
         reopener->cancel();
+        reopener->setParent(this); // and goes with the room, if that goes first, with what is on its way to it
         reopener.release()->deleteLater();
     };
     connect(reopener.get(), &Opener::found, reopener.get(), &Opener::proceed);

@@ -70,7 +70,7 @@ void ExportReport::add(const exporter::FileReport &report)
     row.sha256 = QString::fromLatin1(report.sha256);
     row.reason = report.reason;
     if (report.status == exporter::FileStatus::Missing && row.reason.isEmpty())
-        row.reason = QStringLiteral("only in the cloud");
+        row.reason = QStringLiteral("not on the device");
     write(row);
 }
 

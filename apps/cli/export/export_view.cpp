@@ -94,13 +94,15 @@ void ExportView::tellOfMissing()
 {
     if (missingCount == 0)
         return;
-    printError(QStringLiteral("%1 only in the cloud, not on the device:")
+    printError(QStringLiteral("%1 not on the device, but in the cloud only, or lost:")
                    .arg(counted(missingCount, "original is", "originals are")));
     for (const QString &name : qAsConst(missing))
         printNote(QStringLiteral("  ") + name);
     tellOfRest(missingCount);
-    printError(QStringLiteral("to have them, let the device download its originals, connect or copy it again, and run "
-                              "the same command: it copies what is new only"));
+    printError(
+        QStringLiteral("to have those in the cloud, let the device download its originals; a copy or a backup may "
+                       "lack what the device has: connect, copy or back it up again. Then run the same command: "
+                       "it copies what is new only"));
 }
 
 void ExportView::commitReport()

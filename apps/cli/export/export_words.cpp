@@ -62,7 +62,7 @@ QString summaryLine(const exporter::RunOutcome &outcome, bool dryRun)
     };
     add(FileStatus::Adopted, "found there and taken over");
     add(FileStatus::Skipped, "already there");
-    add(FileStatus::Missing, "only in the cloud");
+    add(FileStatus::Missing, "not on the device");
     add(FileStatus::Failed, "failed");
     if (outcome.albums > 0)
         parts += counted(outcome.albums, "album", "albums");
