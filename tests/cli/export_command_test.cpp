@@ -153,9 +153,8 @@ TEST_F(ExportCommand, OriginalsInTheCloudAreToldApartFromFailures)
     EXPECT_EQ(result.code, 1);
     EXPECT_THAT(result.out.toStdString(), HasSubstr("2 files exported (100 B), 1 not on the device, 1 failed\n"));
     EXPECT_THAT(result.err.toStdString(), HasSubstr("photolib: /DCIM/100APPLE/IMG_0003.JPG: "));
-    EXPECT_THAT(
-        result.err.toStdString(),
-        HasSubstr("photolib: 1 original is not on the device, but in the cloud only, or lost:\n  /DCIM/100APPLE/IMG_0002.JPG\n"));
+    EXPECT_THAT(result.err.toStdString(), HasSubstr("photolib: 1 original is not on the device, but in the cloud only, "
+                                                    "or lost:\n  /DCIM/100APPLE/IMG_0002.JPG\n"));
     const auto rows = rowsOf(report);
     EXPECT_EQ(rows.size(), 4);
     EXPECT_EQ(rows["/DCIM/100APPLE/IMG_0001.JPG"].value("status"), "exported");

@@ -313,7 +313,7 @@ void MainWindow::endOpening()
     if (!opener)
         return;
     opener->cancel();
-    opener->setParent(this);              // and goes with the window, if that goes first, with what is on its way to it
+    opener->setParent(this);         // and goes with the window, if that goes first, with what is on its way to it
     opener.release()->deleteLater(); // it may be the one that calls
 }
 
