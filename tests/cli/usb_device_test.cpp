@@ -208,6 +208,7 @@ TEST_F(UsbDeviceCommands, GiveASilentPhoneUp)
 // Were the reading not ended, it would take an hour.
 TEST_F(UsbDeviceCommands, EndAtOnceWhenTheUserInterrupts)
 {
+    ::signal(SIGINT, SIG_DFL); // the test may have been started in the background, where shells ignore it
     start(5);
     for (const char *file : {"/PhotoData/Photos.sqlite", "/DCIM/100APPLE/IMG_0003.JPG"}) {
         phone->command(QByteArray("fault stall operation=FileRefRead reply-bytes=700 path=") + file);
@@ -226,6 +227,7 @@ TEST_F(UsbDeviceCommands, EndAtOnceWhenTheUserInterrupts)
 
 TEST_F(UsbDeviceCommands, RemoveAPartialPageWhenTheUserInterrupts)
 {
+    ::signal(SIGINT, SIG_DFL); // the test may have been started in the background, where shells ignore it
     start(5);
     phone->command("fault stall path=/PhotoData/Thumbnails/V2/DCIM/100APPLE/IMG_0003.JPG/5005.JPG");
     const QTemporaryDir folder;

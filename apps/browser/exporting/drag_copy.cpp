@@ -65,9 +65,7 @@ public:
         }
         if (cancelled->load())
             result = {};
-        else if (!result.files.isEmpty())
-            result.folder->lend(bytes);
-        else
+        else if (result.files.isEmpty())
             result.folder.reset();
         return std::move(result);
     }
@@ -147,7 +145,7 @@ private:
         }
         setTime(target, photo.dateCreated);
         result.files += target;
-        bytes += QFileInfo(target).size();
+        result.bytes += QFileInfo(target).size();
         return CopyEnd::Complete;
     }
 
@@ -184,7 +182,6 @@ private:
     const Progress progress;
     DragCopies result;
     QSet<QString> stems;
-    qint64 bytes = 0;
     int number = 0; ///< of the photo in hand
     int told = 0;   ///< thousandths of it
 };
@@ -217,6 +214,10 @@ void DragCopy::start()
                 copies = {};
             else if (ended)
                 copies = std::move(*ended);
+            if (copies.folder)
+                copies.folder->lend(copies.bytes);
+            if (ended && ended->folder) // nobody gets it; removing it can take a while
+                startBackground([folder = std::move(ended->folder)] {});
             done = true;
             Q_EMIT finished();
         });

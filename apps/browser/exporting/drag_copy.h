@@ -21,6 +21,7 @@ class DragFolder;
 struct DragCopies {
     QStringList files;                   ///< complete copies
     std::shared_ptr<DragFolder> folder;  ///< where they lie; null when there are none
+    qint64 bytes = 0;                    ///< of all files
     int failures = 0;                    ///< photos of which a file could not be copied
     CopyEnd failure = CopyEnd::Complete; ///< what the last of them met
 };

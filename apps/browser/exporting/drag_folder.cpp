@@ -32,8 +32,8 @@ public:
 
     void remove(Clock::time_point now)
     {
-        std::list<Leftover> over; // removed without the lock: that can take a while
         const std::lock_guard<std::mutex> removing(oneRemover);
+        std::list<Leftover> over; // removed without the other lock: that can take a while
         {
             const std::lock_guard<std::mutex> lock(mutex);
             for (auto next = folders.begin(); next != folders.end();) {

@@ -1,7 +1,7 @@
 #include "apps/browser/library/opened_library.h"
 
+#include "apps/browser/library/device_presence.h"
 #include "devicehost/device_host.h"
-#include "photolib/host/vdev.h"
 #include "photolib/photolib.h"
 
 #include <algorithm>
@@ -95,17 +95,9 @@ QString OpenedLibrary::devicePath(qint64 id)
     return photo ? photo->directory + QLatin1Char('/') + photo->fileName : QString();
 }
 
-// The folder that a device was mounted in may stay when the device has gone.
 bool OpenedLibrary::isAvailable()
 {
-    VDev *const opened = vDevOpen(VDevDevice, name.toUtf8().constData());
-    if (opened == nullptr)
-        return false;
-    VFile *const database = vFileOpen(opened, "/PhotoData/Photos.sqlite", 0);
-    if (database != nullptr)
-        vFileClose(database);
-    vDevClose(opened);
-    return database != nullptr;
+    return isDeviceThere(*device);
 }
 
 void OpenedLibrary::stop()

@@ -83,14 +83,11 @@ void OpeningAttempt::fail(FailureKind kind, const QString &technical)
 void OpeningAttempt::run(void (OpeningAttempt::*step)())
 {
     const std::lock_guard<std::mutex> oneAtATime(steps);
-    waitsForPassword = false;
     try {
         (this->*step)();
     } catch (const std::bad_alloc &) {
         failForWantOfMemory();
     }
-    if (waitsForPassword)
-        return;
     std::unique_ptr<devicehost::DeviceHost> leaving; // removes its files when the lock is free again
     const std::lock_guard<std::mutex> lock(mutex);
     leaving = std::move(host);
@@ -168,8 +165,7 @@ bool OpeningAttempt::unlock()
         result = host->unlock(given);
         given.fill('\0');
     }
-    waitsForPassword = result.status == devicehost::Unlocking::WrongPassword;
-    if (waitsForPassword)
+    if (result.status == devicehost::Unlocking::WrongPassword) // asked without a host: others would find it, locked
         mailbox->post([receiver = opener, asked] { Q_EMIT receiver->passwordNeeded(asked); });
     else if (result.status == devicehost::Unlocking::Failed)
         fail(FailureKind::BackupDamaged, result.message);
@@ -223,8 +219,7 @@ void OpeningAttempt::makeHost()
 
 void OpeningAttempt::open()
 {
-    if (!host)
-        makeHost();
+    makeHost();
     tell(Stage::Connecting);
     if (!unlock())
         return;

@@ -63,8 +63,7 @@ private:
     const QString argument;
     std::atomic<bool> stopped{false};
     QString device;
-    std::mutex steps;              ///< held by the running step
-    bool waitsForPassword = false; ///< guarded by `steps`, as what has no lock of its own
+    std::mutex steps; ///< held by the running step
     std::mutex mutex; ///< guards what follows; `host` is replaced under it and used without by the running step
     QByteArray password;
     std::unique_ptr<devicehost::DeviceHost> host;

@@ -1,5 +1,6 @@
 #include "apps/browser/media/device_read.h"
 
+#include "apps/browser/library/device_presence.h"
 #include "devicehost/open_error.h"
 #include "exporter/asset_files.h"
 #include "photolib/host/iipod.h"
@@ -29,12 +30,6 @@ File openFile(const Device &device, const QString &path)
     return File(vFileOpen(device.get(), path.toUtf8().constData(), 0));
 }
 
-// In a mounted folder, a device that went away looks like one without files. The database is on every device.
-bool isThere(const Device &device)
-{
-    return openFile(device, QStringLiteral("/PhotoData/Photos.sqlite")) != nullptr;
-}
-
 Device openDevice(IIPod &host)
 {
     return Device(vDevOpen(VDevDevice, host.devicePath().toLocal8Bit().constData()));
@@ -49,7 +44,7 @@ qint64 sizeOf(const File &file)
 ReadResult whyNotOpened(const Device &device)
 {
     const devicehost::OpenError error = devicehost::lastOpenError();
-    if (!isThere(device))
+    if (!hasPhotoDatabase(device.get()))
         return {ReadEnd::DeviceGone, {}};
     if (error.absent)
         return {ReadEnd::Absent, {}};
@@ -67,12 +62,6 @@ QString originalPathOf(const photoItem &photo)
 QStringList renderedPathsOf(const photoItem &photo)
 {
     return photo.hasAdjustments == 0 ? QStringList() : exporter::companionPaths(photo, exporter::Role::Edited);
-}
-
-bool isDeviceThere(IIPod &host)
-{
-    const Device device = openDevice(host);
-    return device && isThere(device);
 }
 
 FileLook lookAtDeviceFile(IIPod &host, const QString &path)
@@ -97,14 +86,14 @@ ReadResult readDeviceFile(IIPod &host, const QString &path, const BlockReceiver 
         return whyNotOpened(device);
     const qint64 total = sizeOf(file);
     if (total < 0)
-        return {isThere(device) ? ReadEnd::Failed : ReadEnd::DeviceGone, {}};
+        return {hasPhotoDatabase(device.get()) ? ReadEnd::Failed : ReadEnd::DeviceGone, {}};
     if (!receive(nullptr, 0, total))
         return {ReadEnd::GivenUp, {}};
     std::vector<char> block(blockSize);
     for (qint64 done = 0; done < total;) {
         const int count = vFileRead(file.get(), block.data(), blockSize);
         if (count <= 0 || count > blockSize)
-            return {isThere(device) ? ReadEnd::Failed : ReadEnd::DeviceGone, {}};
+            return {hasPhotoDatabase(device.get()) ? ReadEnd::Failed : ReadEnd::DeviceGone, {}};
         done += count;
         if (!receive(block.data(), count, total))
             return {ReadEnd::GivenUp, {}};

@@ -43,10 +43,6 @@ QString originalPathOf(const photoItem &photo);
 /// videos, else pictures.
 QStringList renderedPathsOf(const photoItem &photo);
 
-/// Whether the device can be opened and still has its list of photos: a folder whose device was taken off looks like a
-/// device without files. Blocks; any thread.
-bool isDeviceThere(IIPod &device);
-
 /// Asks for the size of a file. Blocks; any thread.
 FileLook lookAtDeviceFile(IIPod &device, const QString &path);
 

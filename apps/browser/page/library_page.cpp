@@ -147,7 +147,7 @@ void LibraryPage::setUpActions()
     exportAction = add("exportAction", tr("&Export…"), QKeySequence()); // the window has the keys for it
     connect(exportAction, &QAction::triggered, this, &LibraryPage::exportSelected);
     copyFilesAction = add("copyFilesAction", tr("Copy &photos"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_C));
-    connect(copyFilesAction, &QAction::triggered, this, [this] { copyFiles(opened, grid->selectedIds(), this); });
+    connect(copyFilesAction, &QAction::triggered, this, [this] { copyFiles(opened, grid->selectedIds(), window()); });
     copyAction = new QAction(tr("&Copy file name"), this);
     copyAction->setObjectName(QStringLiteral("copyNameAction"));
     copyAction->setShortcut(QKeySequence::Copy);

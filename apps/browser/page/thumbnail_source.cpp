@@ -1,5 +1,6 @@
 #include "apps/browser/page/thumbnail_source.h"
 
+#include "apps/browser/library/device_presence.h"
 #include "apps/browser/media/device_read.h"
 #include "devicehost/device_host.h"
 #include "devicehost/open_error.h"
@@ -12,8 +13,11 @@ ThumbnailAnswer LibraryThumbnails::thumbnail(qint64 id)
 {
     ThumbnailAnswer answer;
     answer.bytes = opened->thumbnail(id);
-    if (answer.bytes.isEmpty())
-        answer.failed = !devicehost::lastOpenError().absent || !isDeviceThere(opened->host());
+    if (answer.bytes.isEmpty()) {
+        const devicehost::OpenError error = devicehost::lastOpenError();
+        const bool isAbsent = error.absent || error.text.isEmpty(); // none: there, with no bytes
+        answer.failed = !isAbsent || !isDeviceThere(opened->host());
+    }
     return answer;
 }
 

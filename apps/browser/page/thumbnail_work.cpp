@@ -49,8 +49,23 @@ void ThumbnailWork::end()
 void ThumbnailWork::run()
 {
     Request request{};
-    while (take(&request))
-        finish(load(request));
+    for (;;) {
+        try {
+            if (!take(&request))
+                return;
+            finish(load(request));
+        } catch (const std::bad_alloc &) {
+            abandon(request);
+        }
+    }
+}
+
+// Asked for again when it is wanted again.
+void ThumbnailWork::abandon(const Request &request)
+{
+    const std::lock_guard<std::mutex> lock(mutex);
+    running.remove(request.id);
+    announced = false;
 }
 
 bool ThumbnailWork::take(Request *request)

@@ -42,6 +42,7 @@ private:
     bool take(Request *request);
     LoadedThumbnail load(const Request &request);
     void finish(LoadedThumbnail thumbnail);
+    void abandon(const Request &request);
 
     const std::shared_ptr<ThumbnailSource> source;
     const std::function<void()> tell;

@@ -84,8 +84,12 @@ bool PictureWork::takeTask(Task &task)
 void PictureWork::run()
 {
     Task task;
-    while (takeTask(task))
-        perform(task);
+    while (takeTask(task)) {
+        try {
+            perform(task);
+        } catch (const std::bad_alloc &) { // of telling; there is nobody to be told
+        }
+    }
 }
 
 void PictureWork::perform(const Task &task)

@@ -220,7 +220,7 @@ bool LibraryRoom::isExporting() const
 void LibraryRoom::endExports()
 {
     for (Export &one : exports)
-        if (one.window && one.window->isRunning() && !std::exchange(one.ended, true))
+        if (one.window && !std::exchange(one.ended, true))
             one.window->giveUp();
 }
 

@@ -40,7 +40,7 @@ public:
     void exportShown();
     /// Whether an export is running that nobody has ended.
     bool isExporting() const;
-    /// Running exports come to their end by themselves, see ExportWindow::giveUp().
+    /// Export windows go; those that run come to their end by themselves, see ExportWindow::giveUp().
     void endExports();
     bool isViewing() const;
 

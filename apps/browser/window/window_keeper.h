@@ -13,7 +13,7 @@ namespace browser
 class MainWindow;
 
 /// The windows of this process and what they share. They own themselves: a window that is closed goes. Deletes those
-/// that are left, and waits for exports that are still coming to their end.
+/// that are left, and tells exports that are still running to come to their end.
 class WindowKeeper : public QObject
 {
     Q_OBJECT

@@ -141,7 +141,7 @@ TEST_F(ExportQuestion, AsksBeforeAnotherPhoneIsChosen)
     EXPECT_LT(exportedFiles(), 100) << "it went on after it was ended";
 }
 
-// The program may end before the export has: it is waited for then.
+// The program may end before the export has: it is told to end then.
 TEST_F(ExportQuestion, EndsTheExportWithTheLastWindow)
 {
     MainWindow *const window = openExporting();
